@@ -59,7 +59,9 @@ TEST(MetricLayout, RowsKeepOrderAndOnlyTheLastRowIsShort) {
     const auto rows = MetricLayout::rows(items, columns);
     std::vector<int> flattened;
     for (std::size_t r = 0; r < rows.size(); ++r) {
-      if (r + 1 < rows.size()) EXPECT_EQ(static_cast<std::ptrdiff_t>(rows[r].size()), columns);
+      if (r + 1 < rows.size()) {
+        EXPECT_EQ(static_cast<std::ptrdiff_t>(rows[r].size()), columns);
+      }
       EXPECT_FALSE(rows[r].empty());
       flattened.insert(flattened.end(), rows[r].begin(), rows[r].end());
     }
