@@ -17,6 +17,7 @@ namespace brimly {
 LinuxSources LinuxSources::system(const std::string& root) {
   LinuxSources sources;
   sources.files = std::make_shared<RootedFileSystem>(root);
+  sources.root = root.empty() ? "/" : root;
   sources.fileSystemStats = std::make_shared<PosixFileSystemStats>();
   sources.diskPath = root.empty() ? "/" : root;
   sources.makeNvml = [] { return std::make_unique<DynamicNvmlLibrary>(); };

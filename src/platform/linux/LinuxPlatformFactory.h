@@ -16,6 +16,7 @@ namespace brimly {
 // root, and a fresh NVML handle per GPU reader.
 struct LinuxSources {
   std::shared_ptr<const FileSystemView> files;
+  std::string root = "/";  // the directory `files` reads below, as diagnostics name paths
   std::shared_ptr<const FileSystemStatsSource> fileSystemStats;
   std::string diskPath = "/";
   std::function<std::unique_ptr<NvmlLibrary>()> makeNvml;

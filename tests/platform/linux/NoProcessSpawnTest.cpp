@@ -5,6 +5,7 @@
 
 #include "LinuxTestSupport.h"
 #include "platform/SystemPlatform.h"
+#include "platform/linux/LinuxDiagnostics.h"
 #include "platform/linux/LinuxPlatformFactory.h"
 
 extern "C" int brimlySpawnAttempts();
@@ -33,18 +34,21 @@ TEST(NoProcessSpawn, TheTrapCatchesACallThatWouldStartAProcess) {
   brimlyResetSpawnAttempts();
 }
 
-TEST(NoProcessSpawn, ReadingEveryFixtureMachineStartsNoProcess) {
+TEST(NoProcessSpawn, ReadingOrDescribingEveryFixtureMachineStartsNoProcess) {
   brimlyResetSpawnAttempts();
   for (const char* machine : {"intel-laptop-discharging", "amd-laptop-charging", "nvidia-desktop",
                               "vm-bare", "suspended-dgpu", "broken"}) {
-    readEverything(LinuxPlatformFactory(LinuxSources::system(testing::fixturePath(machine))));
+    const LinuxSources sources = LinuxSources::system(testing::fixturePath(machine));
+    readEverything(LinuxPlatformFactory(sources));
+    LinuxDiagnostics(sources).collect();
   }
   EXPECT_EQ(brimlySpawnAttempts(), 0);
 }
 
-TEST(NoProcessSpawn, ReadingTheRunningSystemStartsNoProcess) {
+TEST(NoProcessSpawn, ReadingOrDescribingTheRunningSystemStartsNoProcess) {
   brimlyResetSpawnAttempts();
   readEverything(*makeSystemPlatform());
+  LinuxDiagnostics().collect();
   EXPECT_EQ(brimlySpawnAttempts(), 0);
 }
 
