@@ -174,6 +174,7 @@ void UsageView::paintCell(QPainter& painter, const CellPlacement& placement,
   // Bar: a faint full-width track, and the coloured fill over it.
   fillCapsule(painter, cell.bar, toQColor(Theme::barTrack));
   const Rect fill = cell.barFillFrame(motion.bar.value(now));
+  // The colours follow the new value at once; only the length glides.
   const ColorPair pair = colors(content.barValue, content.palette);
   QLinearGradient gradient(QPointF(fill.x, 0.0), QPointF(fill.x + fill.width, 0.0));
   gradient.setColorAt(0.0, toQColor(pair.start));
