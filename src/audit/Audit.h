@@ -38,7 +38,7 @@ struct Environment {
   std::function<std::chrono::system_clock::time_point()> now;
   // A blocking wait, used between the energy section's two readings.
   std::function<void(double seconds)> blockingWait;
-  // Where the live section's monitor runs; the live section is left out when null.
+  // Where the live section runs its monitor; required by `run` and `dumpLive`.
   LiveLoop* liveLoop = nullptr;
 };
 
