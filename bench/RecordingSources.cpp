@@ -60,14 +60,16 @@ std::size_t replay(const AccessLog& log) {
         const int fd = ::open(path, O_RDONLY | O_CLOEXEC);
         if (fd < 0) break;
         ssize_t got = 0;
-        while ((got = ::read(fd, buffer.data(), buffer.size())) > 0) bytes += std::size_t(got);
+        while ((got = ::read(fd, buffer.data(), buffer.size())) > 0)
+          bytes += std::size_t(got);
         ::close(fd);
         break;
       }
       case KernelAccess::Kind::list: {
         DIR* dir = ::opendir(path);
         if (dir == nullptr) break;
-        while (const dirent* entry = ::readdir(dir)) bytes += entry->d_reclen;
+        while (const dirent* entry = ::readdir(dir))
+          bytes += entry->d_reclen;
         ::closedir(dir);
         break;
       }

@@ -46,8 +46,10 @@ const std::vector<AccessLog>& steadyCalls() {
 void BM_MetricSamplerSample(benchmark::State& state) {
   LinuxPlatformFactory platform;
   MetricSampler sampler(platform);
-  for (int i = 0; i < kSteadyCallsFrom; ++i) sampler.sample();  // past the first disk reading
-  for (auto _ : state) benchmark::DoNotOptimize(sampler.sample());
+  for (int i = 0; i < kSteadyCallsFrom; ++i)
+    sampler.sample();  // past the first disk reading
+  for (auto _ : state)
+    benchmark::DoNotOptimize(sampler.sample());
 }
 
 void BM_KernelFilesBaseline(benchmark::State& state) {
@@ -66,7 +68,8 @@ class MedianRatioReporter : public benchmark::ConsoleReporter {
     ConsoleReporter::ReportRuns(runs);
     for (const Run& run : runs) {
       // Times are in the benchmark's unit, microseconds.
-      if (run.aggregate_name == "median") medians_[run.run_name.function_name] = run.GetAdjustedRealTime();
+      if (run.aggregate_name == "median")
+        medians_[run.run_name.function_name] = run.GetAdjustedRealTime();
     }
   }
   void Finalize() override {
@@ -79,7 +82,8 @@ class MedianRatioReporter : public benchmark::ConsoleReporter {
     std::printf("ratio sampler / baseline:      %.2fx (target <= 1.5x)\n",
                 sampler->second / baseline->second);
     std::size_t accesses = 0;
-    for (const auto& log : steadyCalls()) accesses += log.size();
+    for (const auto& log : steadyCalls())
+      accesses += log.size();
     std::printf("kernel accesses per sample():  %.1f (mean of calls 11-20)\n",
                 static_cast<double>(accesses) / static_cast<double>(steadyCalls().size()));
   }
@@ -88,8 +92,14 @@ class MedianRatioReporter : public benchmark::ConsoleReporter {
   std::map<std::string, double> medians_;
 };
 
-BENCHMARK(BM_MetricSamplerSample)->Unit(benchmark::kMicrosecond)->Repetitions(15)->ReportAggregatesOnly(true);
-BENCHMARK(BM_KernelFilesBaseline)->Unit(benchmark::kMicrosecond)->Repetitions(15)->ReportAggregatesOnly(true);
+BENCHMARK(BM_MetricSamplerSample)
+    ->Unit(benchmark::kMicrosecond)
+    ->Repetitions(15)
+    ->ReportAggregatesOnly(true);
+BENCHMARK(BM_KernelFilesBaseline)
+    ->Unit(benchmark::kMicrosecond)
+    ->Repetitions(15)
+    ->ReportAggregatesOnly(true);
 
 }  // namespace
 }  // namespace brimly::bench

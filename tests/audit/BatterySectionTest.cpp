@@ -138,8 +138,8 @@ TEST(BatterySection, SourcesThatAreNotDictionariesAreSkipped) {
         std::nullopt, PropertyDict{{"b", 2}, {"a", 1.5}}, PropertyDict{{"Z", "last"}}};
   });
   const std::string text = harness.section(Audit::dumpBattery);
-  EXPECT_EQ(text.rfind("\n┌─ BATTERY / POWER SOURCE (IOPS)\n│  a: 1.5\n│  b: 2\n│  Z: last\n└─\n", 0),
-            0u)
+  EXPECT_EQ(
+      text.rfind("\n┌─ BATTERY / POWER SOURCE (IOPS)\n│  a: 1.5\n│  b: 2\n│  Z: last\n└─\n", 0), 0u)
       << text;
 }
 
@@ -177,8 +177,8 @@ TEST(BatterySection, TheBatteryEntryPrintsOnlyIntegersInItsOwnOrder) {
 TEST(BatterySection, NestedValuesUseTheirPlainTextualForm) {
   AuditHarness harness(ReportFlavour::macOS);
   harness.platform.change([](FakeMachine& m) {
-    m.powerSources = std::vector<std::optional<PropertyDict>>{PropertyDict{
-        {"List", PropertyList{1, "two"}}, {"Dict", PropertyDict{{"k", true}}}}};
+    m.powerSources = std::vector<std::optional<PropertyDict>>{
+        PropertyDict{{"List", PropertyList{1, "two"}}, {"Dict", PropertyDict{{"k", true}}}}};
   });
   const std::string text = harness.section(Audit::dumpBattery);
   EXPECT_NE(text.find("│  Dict: {k = true; }\n│  List: (1, two)\n"), std::string::npos) << text;

@@ -45,8 +45,7 @@ TEST(GpuSection, UnreadableServicesUseUpTheirNumber) {
   AuditHarness harness(ReportFlavour::macOS);
   harness.platform.change([](FakeMachine& m) {
     m.accelerators = std::vector<std::optional<PropertyDict>>{
-        std::nullopt,
-        PropertyDict{{"IOClass", 7}},  // not a string
+        std::nullopt, PropertyDict{{"IOClass", 7}},  // not a string
         PropertyDict{{"IOClass", "AGXAcceleratorG14G"},
                      {"PerformanceStatistics",
                       PropertyDict{{"GPU Busy", 12.5}, {"Alloc system memory", 1024}}}}};
@@ -65,10 +64,10 @@ TEST(GpuSection, UnreadableServicesUseUpTheirNumber) {
 TEST(GpuSection, LinuxListsItsCardsAndTheCompareCommand) {
   AuditHarness harness(ReportFlavour::gnuLinux);
   harness.platform.change([](FakeMachine& m) {
-    m.accelerators = std::vector<std::optional<PropertyDict>>{PropertyDict{
-        {"IOClass", "amdgpu"},
-        {"Card", "card1"},
-        {"PerformanceStatistics", PropertyDict{{"Device Utilization %", 41}}}}};
+    m.accelerators = std::vector<std::optional<PropertyDict>>{
+        PropertyDict{{"IOClass", "amdgpu"},
+                     {"Card", "card1"},
+                     {"PerformanceStatistics", PropertyDict{{"Device Utilization %", 41}}}}};
   });
   EXPECT_EQ(harness.section(Audit::dumpGPU),
             "\n"

@@ -12,13 +12,14 @@ using testing::FakeMachine;
 // spelled out with explicit blank counts.
 std::string row(const std::string& name, std::size_t nameBlanks, const std::string& value,
                 std::size_t valueBlanks) {
-  return "│  " + name + std::string(nameBlanks, ' ') + "  " + value + std::string(valueBlanks, ' ') +
-         "\n";
+  return "│  " + name + std::string(nameBlanks, ' ') + "  " + value +
+         std::string(valueBlanks, ' ') + "\n";
 }
 
 const std::string kRule = "│  " + [] {
   std::string rule;
-  for (int i = 0; i < 62; ++i) rule += "─";
+  for (int i = 0; i < 62; ++i)
+    rule += "─";
   return rule;
 }() + "\n";
 
@@ -65,8 +66,7 @@ TEST(TemperatureSection, ASixtyCharacterNameIsCutToFifty) {
   for (const auto flavour : testing::bothFlavours()) {
     AuditHarness harness(flavour);
     const std::string longName = "PMU tdie " + std::string(51, 'x');  // 60 characters
-    harness.platform.change(
-        [&](FakeMachine& m) { m.temperatureSensors = {{longName, 47.25}}; });
+    harness.platform.change([&](FakeMachine& m) { m.temperatureSensors = {{longName, 47.25}}; });
     const std::string text = harness.section(Audit::dumpTemperatureSensors);
     EXPECT_NE(text.find("│  " + longName.substr(0, 50) + "  47.2    \n"), std::string::npos)
         << text;
