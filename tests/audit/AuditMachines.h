@@ -17,24 +17,24 @@ inline FakeMachine typicalLinuxLaptop() {
   machine.memory.swap = SwapUsage{8'388'604ull * 1024, 524'288ull * 1024};
   machine.disk = DiskCapacities{20'689'802ll * 4096, 66'053'021ll * 4096};
   machine.accelerators = std::vector<std::optional<PropertyDict>>{};
-  machine.powerSources = std::vector<std::optional<PropertyDict>>{
-      PropertyDict{{"Name", "BAT0"},
-                   {"Type", "Battery"},
-                   {"Status", "Discharging"},
-                   {"Power Source State", "Battery Power"},
-                   {"Is Charging", false},
-                   {"Current", -1250},
-                   {"Voltage", 11520},
-                   {"Current Capacity", 76},
-                   {"Max Capacity", 100}},
-      PropertyDict{{"Name", "AC"},
-                   {"Type", "Mains"},
-                   {"Power Source State", "Battery Power"},
-                   {"Is Charging", false},
-                   {"Online", 0}}};
-  machine.smartBattery = PropertyDict{{"Voltage", 11520},    {"Amperage", -1250},
-                                      {"InstantAmperage", -1250}, {"CycleCount", 212},
-                                      {"DesignCapacity", 4400},   {"MaxCapacity", 3980}};
+  machine.powerSources =
+      std::vector<std::optional<PropertyDict>>{PropertyDict{{"Name", "BAT0"},
+                                                            {"Type", "Battery"},
+                                                            {"Status", "Discharging"},
+                                                            {"Power Source State", "Battery Power"},
+                                                            {"Is Charging", false},
+                                                            {"Current", -1250},
+                                                            {"Voltage", 11520},
+                                                            {"Current Capacity", 76},
+                                                            {"Max Capacity", 100}},
+                                               PropertyDict{{"Name", "AC"},
+                                                            {"Type", "Mains"},
+                                                            {"Power Source State", "Battery Power"},
+                                                            {"Is Charging", false},
+                                                            {"Online", 0}}};
+  machine.smartBattery =
+      PropertyDict{{"Voltage", 11520},  {"Amperage", -1250},      {"InstantAmperage", -1250},
+                   {"CycleCount", 212}, {"DesignCapacity", 4400}, {"MaxCapacity", 3980}};
   machine.temperatureSensors = {{"acpitz temp1", 27.8},
                                 {"coretemp Package id 0", 58.0},
                                 {"coretemp Core 0", 55.0},

@@ -121,25 +121,28 @@ TEST_F(ThisMachine, LiveProcessorShareAgreesWithProcStatUnderFullLoad) {
   for (unsigned i = 0; i < processors; ++i) {
     spinners.emplace_back([&stop] {
       volatile unsigned long spin = 0;
-      while (!stop.load(std::memory_order_relaxed)) spin = spin + 1;
+      while (!stop.load(std::memory_order_relaxed))
+        spin = spin + 1;
     });
   }
   const Ticks before = readProcStat();
   const std::string report = section(Audit::dumpLive);
   const Ticks after = readProcStat();
   stop = true;
-  for (auto& spinner : spinners) spinner.join();
+  for (auto& spinner : spinners)
+    spinner.join();
 
   const double kernelShare = (after.busy - before.busy) / (after.total - before.total) * 100.0;
   const double reportShare = figureAfter(report, "│  CPU:                 ");
   EXPECT_GE(kernelShare, 85.0) << "the machine was not busy; the comparison means nothing";
   EXPECT_NEAR(reportShare, kernelShare, 10.0) << report;
-  EXPECT_NEAR(figureAfter(report, "│  RAM:                 "),
-              [] {
-                const auto meminfo = readMeminfoKiB();
-                return (1.0 - meminfo.at("MemAvailable") / meminfo.at("MemTotal")) * 100.0;
-              }(),
-              1.5)
+  EXPECT_NEAR(
+      figureAfter(report, "│  RAM:                 "),
+      [] {
+        const auto meminfo = readMeminfoKiB();
+        return (1.0 - meminfo.at("MemAvailable") / meminfo.at("MemTotal")) * 100.0;
+      }(),
+      1.5)
       << report;
 }
 

@@ -2,6 +2,8 @@
 
 namespace brimly {
 
-std::unique_ptr<KernelFigureSource> makeSystemKernelFigures() { return nullptr; }
+std::unique_ptr<KernelFigureSource> makeSystemKernelFigures() {
+  return nullptr;
+}
 
 }  // namespace brimly
