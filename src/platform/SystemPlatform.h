@@ -6,7 +6,7 @@
 
 namespace brimly {
 
-// The readers of the system this program was built for (one backend per platform).
+// The readers of the system this program runs on; the build links the one backend that fits.
 std::unique_ptr<PlatformFactory> makeSystemPlatform();
 
 }  // namespace brimly
