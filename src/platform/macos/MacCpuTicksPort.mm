@@ -1,6 +1,7 @@
 #include "platform/macos/MacCpuTicksPort.h"
 
 #include <mach/mach.h>
+#include <mach/machine.h>
 
 #include "platform/macos/OwnedHandles.h"
 

@@ -1,6 +1,7 @@
 #include "platform/macos/MacMemoryPort.h"
 
 #include <mach/mach.h>
+#include <mach/vm_page_size.h>
 #include <sys/sysctl.h>
 
 #include <cstdint>

@@ -1,9 +1,12 @@
 // Mirrors the macOS SDK's Mach declarations used by src/platform/macos (<mach/mach.h> and the
-// headers it brings: mach_types, host_info, vm_statistics, vm_page_size, mach_init, mach_port),
-// for a syntax check only (scripts/check-macos-compile). Declarations only; nothing is linked.
+// headers it brings: mach_types, host_info, vm_statistics, mach_host, mach_init, mach_port), for a
+// syntax check only (scripts/check-macos-compile). Declarations only; nothing is linked. The page
+// size has a header of its own, included explicitly.
 #pragma once
 
 #include <stdint.h>
+
+#include <mach/machine.h>  // host_info.h needs CPU_STATE_MAX
 
 #ifdef __cplusplus
 extern "C" {
@@ -29,16 +32,6 @@ extern mach_port_t mach_task_self_;
 #define mach_task_self() mach_task_self_
 mach_port_t mach_host_self(void);
 kern_return_t mach_port_deallocate(ipc_space_t task, mach_port_name_t name);
-
-// <mach/vm_page_size.h>
-extern vm_size_t vm_kernel_page_size;
-
-// <mach/machine.h>
-#define CPU_STATE_MAX 4
-#define CPU_STATE_USER 0
-#define CPU_STATE_SYSTEM 1
-#define CPU_STATE_IDLE 2
-#define CPU_STATE_NICE 3
 
 // <mach/host_info.h>
 typedef integer_t host_flavor_t;
