@@ -27,7 +27,7 @@ class PropertyDict {
   void set(std::string key, PropertyValue value);
   const PropertyValue* find(std::string_view key) const;
   const std::vector<Entry>& entries() const { return entries_; }
-  bool empty() const { return entries_.empty(); }
+  bool empty() const;
 
   // Typed look-ups: absent when the key is missing or holds another type.
   std::optional<std::int64_t> integer(std::string_view key) const;
