@@ -17,6 +17,15 @@ test: build
 run: build
 	@echo "Brimly: the application is not part of the build yet; the libraries and tests are."
 
+audit: build
+	@cmake --build --preset $(PRESET) --target audit
+
+# Optimised build; prints both medians and the sampler's ratio to the bare kernel-file reads.
+bench: deps
+	@cmake --preset bench
+	@cmake --build --preset bench
+	@build/bench/bench/brimly_sampler_bench
+
 format:
 	@git ls-files '*.h' '*.cpp' '*.mm' | xargs clang-format -i
 
