@@ -6,7 +6,6 @@
 #include <QSocketNotifier>
 #include <cstdlib>
 
-#include "platform/x11/PointerCoordinates.h"
 #include "platform/x11/X11Connection.h"
 
 namespace brimly {
@@ -45,8 +44,8 @@ bool selectRawMotion(const X11Connection& connection) {
 
 }  // namespace
 
-X11PointerPort::X11PointerPort(std::string displayName, double pixelsPerPoint)
-    : displayName_(std::move(displayName)), pixelsPerPoint_(pixelsPerPoint) {}
+X11PointerPort::X11PointerPort(ToDesktopPoint toDesktopPoint, std::string displayName)
+    : toDesktopPoint_(std::move(toDesktopPoint)), displayName_(std::move(displayName)) {}
 
 X11PointerPort::~X11PointerPort() {
   stopWatching();
@@ -129,21 +128,16 @@ std::optional<Point> X11PointerPort::location() const {
     if (!queries_->isValid()) return std::nullopt;
   }
   xcb_connection_t* c = queries_->get();
-  const xcb_window_t root = queries_->rootWindow();
-  // Both requests go out together: one round trip.
-  xcb_query_pointer_cookie_t pointerCookie = xcb_query_pointer(c, root);
-  xcb_get_geometry_cookie_t geometryCookie = xcb_get_geometry(c, root);
-  xcb_query_pointer_reply_t* pointer = xcb_query_pointer_reply(c, pointerCookie, nullptr);
-  xcb_get_geometry_reply_t* geometry = xcb_get_geometry_reply(c, geometryCookie, nullptr);
-  std::optional<Point> result;
+  xcb_query_pointer_reply_t* pointer =
+      xcb_query_pointer_reply(c, xcb_query_pointer(c, queries_->rootWindow()), nullptr);
+  std::optional<Point> rootPixels;
   // A pointer on another X screen reports same_screen false and no usable coordinates.
-  if (pointer != nullptr && geometry != nullptr && pointer->same_screen != 0) {
-    result = bottomLeftPointerPosition(pointer->root_x, pointer->root_y, geometry->height,
-                                       pixelsPerPoint_);
+  if (pointer != nullptr && pointer->same_screen != 0) {
+    rootPixels = Point{static_cast<double>(pointer->root_x), static_cast<double>(pointer->root_y)};
   }
   std::free(pointer);
-  std::free(geometry);
-  return result;
+  if (!rootPixels || !toDesktopPoint_) return std::nullopt;
+  return toDesktopPoint_(*rootPixels);
 }
 
 }  // namespace brimly

@@ -17,14 +17,18 @@ class X11Connection;
 // server sends to the root window for every device report, over any window, and never while the
 // pointer is still. The events arrive on a connection of this object's own, watched by the Qt
 // event loop, so the application's own X traffic is not disturbed. The position itself is asked
-// for on a second connection when the listener wants it.
+// for on a second connection when the listener wants it, and handed to a converter that knows how
+// the desktop lays its screens out in bottom-left points.
 class X11PointerPort final : public PointerPort {
  public:
   enum class Failure { none, noDisplay, noXInput2 };
 
-  // An empty display name means $DISPLAY. `pixelsPerPoint` converts the server's pixels into the
-  // points the screen list uses (1 unless the desktop is scaled).
-  explicit X11PointerPort(std::string displayName = {}, double pixelsPerPoint = 1.0);
+  // Turns the server's pointer position (root-window pixels, origin at the top left) into global
+  // bottom-left-origin points; nothing when the position lies nowhere the desktop knows.
+  using ToDesktopPoint = std::function<std::optional<Point>(Point rootPixels)>;
+
+  // An empty display name means $DISPLAY.
+  explicit X11PointerPort(ToDesktopPoint toDesktopPoint, std::string displayName = {});
   ~X11PointerPort() override;
 
   bool startWatching(std::function<void()> onMove) override;
@@ -40,8 +44,8 @@ class X11PointerPort final : public PointerPort {
   // Drops the notifier, also from inside its own signal.
   void releaseNotifier();
 
+  ToDesktopPoint toDesktopPoint_;
   std::string displayName_;
-  double pixelsPerPoint_;
   std::function<void()> onMove_;
   std::unique_ptr<X11Connection> events_;
   std::unique_ptr<QSocketNotifier> notifier_;

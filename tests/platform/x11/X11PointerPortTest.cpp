@@ -18,6 +18,11 @@ constexpr int kWidth = 1512;
 constexpr int kHeight = 982;
 constexpr int kWaitMs = 5000;
 
+// The desktop of a single screen, flipped around its bottom edge.
+std::optional<Point> flipped(Point rootPixels) {
+  return Point{rootPixels.x, kHeight - rootPixels.y};
+}
+
 // Moves the pointer the way a real device does: through the XTEST extension, which makes the
 // server produce raw motion events (a plain warp would not).
 void fakeMotion(const std::string& display, int x, int y) {
@@ -48,7 +53,7 @@ class X11PointerPortTest : public ::testing::Test {
 XvfbServer* X11PointerPortTest::server_ = nullptr;
 
 TEST(X11PointerPortEdge, UnreachableDisplayRefusesToWatchAndKnowsNoPosition) {
-  X11PointerPort port(":4711");
+  X11PointerPort port(flipped, ":4711");
   int calls = 0;
   EXPECT_FALSE(port.startWatching([&] { ++calls; }));
   EXPECT_EQ(port.lastFailure(), X11PointerPort::Failure::noDisplay);
@@ -58,19 +63,32 @@ TEST(X11PointerPortEdge, UnreachableDisplayRefusesToWatchAndKnowsNoPosition) {
 
 TEST_F(X11PointerPortTest, LocationIsFlippedToBottomLeftOrigin) {
   fakeMotion(display(), 700, 10);
-  X11PointerPort port(display());
+  X11PointerPort port(flipped, display());
   EXPECT_EQ(port.location(), (Point{700, kHeight - 10}));
 }
 
-TEST_F(X11PointerPortTest, ScaledDesktopReportsPoints) {
+TEST_F(X11PointerPortTest, ConverterSeesRootPixelsFromTheTopLeft) {
   fakeMotion(display(), 700, 82);
-  X11PointerPort port(display(), 2.0);
-  EXPECT_EQ(port.location(), (Point{350, (kHeight - 82) / 2.0}));
+  std::optional<Point> seen;
+  X11PointerPort port(
+      [&](Point rootPixels) {
+        seen = rootPixels;
+        return std::optional<Point>(Point{1, 2});
+      },
+      display());
+  EXPECT_EQ(port.location(), (Point{1, 2}));
+  EXPECT_EQ(seen, (Point{700, 82}));
+}
+
+TEST_F(X11PointerPortTest, PositionTheDesktopDoesNotKnowIsNoPosition) {
+  fakeMotion(display(), 5, 5);
+  X11PointerPort port([](Point) { return std::optional<Point>(); }, display());
+  EXPECT_EQ(port.location(), std::nullopt);
 }
 
 TEST_F(X11PointerPortTest, MovementCallsTheListenerAndThePositionFollows) {
   fakeMotion(display(), 10, 500);
-  X11PointerPort port(display());
+  X11PointerPort port(flipped, display());
   int calls = 0;
   ASSERT_TRUE(port.startWatching([&] { ++calls; }));
   EXPECT_EQ(port.lastFailure(), X11PointerPort::Failure::none);
@@ -81,8 +99,8 @@ TEST_F(X11PointerPortTest, MovementCallsTheListenerAndThePositionFollows) {
 }
 
 TEST_F(X11PointerPortTest, StoppedPortIsNotCalledWhileAnotherStillHearsTheMove) {
-  X11PointerPort stopped(display());
-  X11PointerPort watching(display());
+  X11PointerPort stopped(flipped, display());
+  X11PointerPort watching(flipped, display());
   int stoppedCalls = 0;
   int watchingCalls = 0;
   ASSERT_TRUE(stopped.startWatching([&] { ++stoppedCalls; }));
@@ -97,7 +115,7 @@ TEST_F(X11PointerPortTest, StoppedPortIsNotCalledWhileAnotherStillHearsTheMove) 
 }
 
 TEST_F(X11PointerPortTest, ListenerMayStopTheWatchFromInsideItsCall) {
-  X11PointerPort port(display());
+  X11PointerPort port(flipped, display());
   int calls = 0;
   ASSERT_TRUE(port.startWatching([&] {
     ++calls;
@@ -111,7 +129,7 @@ TEST_F(X11PointerPortTest, ListenerMayStopTheWatchFromInsideItsCall) {
 }
 
 TEST_F(X11PointerPortTest, StartingAgainReplacesTheListener) {
-  X11PointerPort port(display());
+  X11PointerPort port(flipped, display());
   int first = 0;
   int second = 0;
   ASSERT_TRUE(port.startWatching([&] { ++first; }));
