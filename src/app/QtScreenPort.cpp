@@ -8,32 +8,31 @@
 namespace brimly {
 namespace {
 
-double currentDesktopHeight() {
-  QList<QRect> geometries;
-  for (const QScreen* screen : QGuiApplication::screens())
-    geometries.push_back(screen->geometry());
-  return desktopHeight(geometries);
-}
-
-ScreenDescription describe(const QScreen& screen, double height) {
-  return ScreenDescription{bottomLeftFrame(screen.geometry(), height), EdgeInsets{}, std::nullopt,
-                           std::nullopt};
+ScreenDescription describe(const QScreen& screen, const DesktopCoordinates& desktop) {
+  return ScreenDescription{desktop.toBottomLeft(toRect(screen.geometry())), EdgeInsets{},
+                           std::nullopt, std::nullopt};
 }
 
 }  // namespace
 
+DesktopCoordinates QtScreenPort::desktopCoordinates() {
+  const QScreen* primary = QGuiApplication::primaryScreen();
+  return DesktopCoordinates(primary != nullptr ? toRect(primary->geometry()) : Rect{});
+}
+
 std::vector<ScreenDescription> QtScreenPort::screens() const {
-  const double height = currentDesktopHeight();
+  const DesktopCoordinates desktop = desktopCoordinates();
   std::vector<ScreenDescription> result;
-  for (const QScreen* screen : QGuiApplication::screens())
-    result.push_back(describe(*screen, height));
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    result.push_back(describe(*screen, desktop));
+  }
   return result;
 }
 
 std::optional<ScreenDescription> QtScreenPort::mainScreen() const {
   const QScreen* primary = QGuiApplication::primaryScreen();
   if (primary == nullptr) return std::nullopt;
-  return describe(*primary, currentDesktopHeight());
+  return describe(*primary, desktopCoordinates());
 }
 
 double QtScreenPort::statusBarThickness() const {

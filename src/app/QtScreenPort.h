@@ -1,5 +1,6 @@
 #pragma once
 
+#include "panel/DesktopCoordinates.h"
 #include "platform/ScreenPort.h"
 
 namespace brimly {
@@ -12,6 +13,10 @@ class QtScreenPort final : public ScreenPort {
   std::vector<ScreenDescription> screens() const override;
   std::optional<ScreenDescription> mainScreen() const override;
   double statusBarThickness() const override;
+
+  // How Qt's top-left desktop maps to the bottom-left one the panel logic works in, as the
+  // screens are laid out now. The pointer goes through the same mapping.
+  static DesktopCoordinates desktopCoordinates();
 };
 
 }  // namespace brimly

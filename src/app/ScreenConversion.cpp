@@ -4,20 +4,9 @@
 
 namespace brimly {
 
-double desktopHeight(const QList<QRect>& screenGeometries) {
-  double height = 0.0;
-  for (const QRect& geometry : screenGeometries) {
-    // QRect::bottom() is the last row inside; the edge is one below it.
-    height = std::max(height, static_cast<double>(geometry.y()) + geometry.height());
-  }
-  return height;
-}
-
-Rect bottomLeftFrame(const QRect& topLeftGeometry, double desktopHeight) {
-  const double top = topLeftGeometry.y();
-  const double height = topLeftGeometry.height();
-  return Rect{static_cast<double>(topLeftGeometry.x()), desktopHeight - (top + height),
-              static_cast<double>(topLeftGeometry.width()), height};
+Rect toRect(const QRect& rect) {
+  return Rect{static_cast<double>(rect.x()), static_cast<double>(rect.y()),
+              static_cast<double>(rect.width()), static_cast<double>(rect.height())};
 }
 
 double topStripThickness(const QRect& geometry, const QRect& availableGeometry) {

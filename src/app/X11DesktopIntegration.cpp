@@ -33,7 +33,9 @@ X11DesktopIntegration::X11DesktopIntegration(bool waylandSession)
 
 X11DesktopIntegration::~X11DesktopIntegration() = default;
 
-PointerPort& X11DesktopIntegration::pointer() { return *pointer_; }
+PointerPort& X11DesktopIntegration::pointer() {
+  return *pointer_;
+}
 
 void X11DesktopIntegration::prepareOverlay(PanelWindow& window) {
   // The hints go on the native window before it is mapped, so the window manager sees a dock
@@ -49,9 +51,15 @@ void X11DesktopIntegration::rootViewReplaced(PanelWindow&) {
 std::optional<std::string> X11DesktopIntegration::hoverNotice() const {
   PointerWatch watch = PointerWatch::watching;
   switch (pointer_->lastFailure()) {
-    case X11PointerPort::Failure::none: watch = PointerWatch::watching; break;
-    case X11PointerPort::Failure::noDisplay: watch = PointerWatch::noDisplay; break;
-    case X11PointerPort::Failure::noXInput2: watch = PointerWatch::noXInput2; break;
+    case X11PointerPort::Failure::none:
+      watch = PointerWatch::watching;
+      break;
+    case X11PointerPort::Failure::noDisplay:
+      watch = PointerWatch::noDisplay;
+      break;
+    case X11PointerPort::Failure::noXInput2:
+      watch = PointerWatch::noXInput2;
+      break;
   }
   return brimly::hoverNotice(watch, waylandSession_);
 }

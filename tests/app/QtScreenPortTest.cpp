@@ -31,5 +31,13 @@ TEST(QtScreenPortEdge, NoTopPanelMeansNoTopBar) {
   EXPECT_EQ(QtScreenPort().statusBarThickness(), 0.0);
 }
 
+TEST(QtScreenPort, DesktopIsFlippedAroundThePrimaryScreensBottomEdge) {
+  const QRect geometry = QGuiApplication::primaryScreen()->geometry();
+  const DesktopCoordinates desktop = QtScreenPort::desktopCoordinates();
+  EXPECT_EQ(desktop.axis(), geometry.y() + geometry.height());
+  // The top row of the primary screen is its top edge in the panel's coordinates.
+  EXPECT_EQ(desktop.toBottomLeft(Point{10, 0}).y, QtScreenPort().mainScreen()->frame.maxY());
+}
+
 }  // namespace
 }  // namespace brimly

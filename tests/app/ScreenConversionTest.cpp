@@ -5,29 +5,8 @@
 namespace brimly {
 namespace {
 
-TEST(ScreenConversion, SingleScreenFrameStartsAtTheBottomLeft) {
-  const QRect screen(0, 0, 1512, 982);
-  EXPECT_EQ(bottomLeftFrame(screen, desktopHeight({screen})), (Rect{0, 0, 1512, 982}));
-}
-
-TEST(ScreenConversion, LowerScreenOfTwoSideBySideIsFlippedAgainstTheTallerOne) {
-  const QRect tall(0, 0, 1920, 1200);
-  const QRect shorter(1920, 0, 1280, 800);
-  const double height = desktopHeight({tall, shorter});
-  EXPECT_EQ(height, 1200);
-  EXPECT_EQ(bottomLeftFrame(shorter, height), (Rect{1920, 400, 1280, 800}));
-}
-
-TEST(ScreenConversionEdge, ScreenStackedAboveGetsTheHigherFrame) {
-  const QRect upper(0, 0, 1280, 800);
-  const QRect lower(0, 800, 1512, 982);
-  const double height = desktopHeight({upper, lower});
-  EXPECT_EQ(bottomLeftFrame(upper, height), (Rect{0, 982, 1280, 800}));
-  EXPECT_EQ(bottomLeftFrame(lower, height), (Rect{0, 0, 1512, 982}));
-}
-
-TEST(ScreenConversionEdge, NoScreensHaveNoHeight) {
-  EXPECT_EQ(desktopHeight({}), 0.0);
+TEST(ScreenConversion, QtRectangleKeepsItsNumbers) {
+  EXPECT_EQ(toRect(QRect(1920, 100, 1280, 800)), (Rect{1920, 100, 1280, 800}));
 }
 
 TEST(TopStrip, DesktopPanelAtTheTopIsItsThickness) {
