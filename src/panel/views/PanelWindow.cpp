@@ -1,0 +1,60 @@
+#include "panel/views/PanelWindow.h"
+
+#include <cmath>
+
+#include "panel/RootViewMetrics.h"
+#include "panel/views/RootView.h"
+
+namespace brimly {
+
+namespace {
+
+int rounded(double points) {
+  return static_cast<int>(std::lround(points));
+}
+
+}  // namespace
+
+PanelWindow::PanelWindow(PanelState& state, Size notchSize, GridFactory makeGrid, QWidget* parent)
+    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                          Qt::WindowDoesNotAcceptFocus | Qt::WindowTransparentForInput |
+                          Qt::NoDropShadowWindowHint),
+      state_(state),
+      makeGrid_(std::move(makeGrid)) {
+  setAttribute(Qt::WA_TranslucentBackground);
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setFocusPolicy(Qt::NoFocus);
+  const Size size = panelSize(notchSize);
+  resize(rounded(size.width), rounded(size.height));
+  rebuildRootView(notchSize);
+}
+
+PanelWindow::~PanelWindow() = default;
+
+Size PanelWindow::panelSize(Size notchSize) {
+  const RootViewMetrics metrics = RootViewMetrics::forNotch(notchSize);
+  return {metrics.expandedWidth, metrics.expandedHeight};
+}
+
+void PanelWindow::setFrame(const Rect& frame) {
+  setGeometry(rounded(frame.x), rounded(frame.y), rounded(frame.width), rounded(frame.height));
+  // A hidden window gets its resize event only when shown; the root view must follow now.
+  if (rootView_) rootView_->setGeometry(rect());
+}
+
+void PanelWindow::rebuildRootView(Size notchSize) {
+  QWidget* grid = makeGrid_ ? makeGrid_() : nullptr;
+  auto* next = new RootView(state_, RootViewMetrics::forNotch(notchSize), grid, this);
+  next->setGeometry(rect());
+  next->show();
+  delete rootView_;
+  rootView_ = next;
+}
+
+void PanelWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (rootView_) rootView_->setGeometry(rect());
+}
+
+}  // namespace brimly

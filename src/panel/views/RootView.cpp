@@ -1,0 +1,116 @@
+#include "panel/views/RootView.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <cmath>
+
+#include "panel/PanelState.h"
+#include "panel/views/CardLayerEffect.h"
+#include "panel/views/NotchPainterPath.h"
+
+namespace brimly {
+
+namespace {
+
+QPainterPath cardPath(const Rect& card) {
+  QPainterPath path = toPainterPath(RootView::outline.path(card));
+  path.translate(card.x, card.y);
+  return path;
+}
+
+}  // namespace
+
+RootView::RootView(PanelState& state, const RootViewMetrics& metrics, QWidget* grid,
+                   QWidget* parent)
+    : QWidget(parent),
+      metrics_(metrics),
+      grid_(grid),
+      openness_(springResponse, springDampingFraction, state.isOpen() ? 1.0 : 0.0),
+      contentFade_(state.isOpen()) {
+  setAttribute(Qt::WA_TranslucentBackground);
+  setAttribute(Qt::WA_NoSystemBackground);
+  setAutoFillBackground(false);
+  resize(sizeHint());
+  if (grid_) {
+    grid_->setParent(this);
+    gridEffect_ = new CardLayerEffect(grid_);
+    grid_->setGraphicsEffect(gridEffect_);
+    placeGrid();
+    applyToGrid(frameTimer_.now());
+  }
+  connect(&state, &PanelState::isOpenAssigned, this, &RootView::setOpen);
+  connect(&frameTimer_, &FrameTimer::frame, this, &RootView::advance);
+}
+
+RootView::~RootView() = default;
+
+QSize RootView::sizeHint() const {
+  return QSize(static_cast<int>(std::ceil(metrics_.expandedWidth)),
+               static_cast<int>(std::ceil(metrics_.expandedHeight)));
+}
+
+Rect RootView::cardFrame() const {
+  return metrics_.cardFrame(width(), openness_.value(frameTimer_.now()));
+}
+
+double RootView::contentOpacity() const {
+  return contentFade_.opacity(frameTimer_.now());
+}
+
+void RootView::setOpen(bool open) {
+  const double now = frameTimer_.now();
+  openness_.retarget(open ? 1.0 : 0.0, now);
+  contentFade_.setVisible(open, now);
+  if (!openness_.isSettled(now) || contentFade_.isRunning(now)) frameTimer_.run();
+}
+
+void RootView::advance(double now) {
+  applyToGrid(now);
+  update();
+  if (openness_.isSettled(now) && !contentFade_.isRunning(now)) frameTimer_.stop();
+}
+
+void RootView::applyToGrid(double now) {
+  if (!grid_) return;
+  const double opacity = contentFade_.opacity(now);
+  // A fully transparent grid is hidden, so that its own updates cost nothing while closed.
+  grid_->setVisible(opacity > 0.0);
+  if (opacity <= 0.0) return;
+  QPainterPath clip = cardPath(metrics_.cardFrame(width(), openness_.value(now)));
+  clip.translate(-grid_->x(), -grid_->y());
+  gridEffect_->setClipPath(clip);
+  gridEffect_->setOpacity(opacity);
+}
+
+void RootView::placeGrid() {
+  if (!grid_) return;
+  const QSize size = grid_->sizeHint();
+  const Rect content = metrics_.contentFrame(width());
+  const double x = content.x + (content.width - size.width()) / 2.0;
+  grid_->setGeometry(static_cast<int>(std::lround(x)),
+                     static_cast<int>(std::lround(content.y + metrics_.gridTop())), size.width(),
+                     size.height());
+}
+
+void RootView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.fillPath(cardPath(cardFrame()), Qt::black);
+}
+
+void RootView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  placeGrid();
+  applyToGrid(frameTimer_.now());
+}
+
+bool RootView::event(QEvent* event) {
+  // The grid asks for a new size when the shown metrics change.
+  if (event->type() == QEvent::LayoutRequest) {
+    placeGrid();
+    applyToGrid(frameTimer_.now());
+  }
+  return QWidget::event(event);
+}
+
+}  // namespace brimly

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "panel/FadeAnimation.h"
+#include "panel/NotchShape.h"
+#include "panel/RootViewMetrics.h"
+#include "panel/SpringAnimation.h"
+#include "panel/views/FrameTimer.h"
+
+namespace brimly {
+
+class CardLayerEffect;
+class PanelState;
+
+// What the notch panel shows: a black card hanging from the top centre, exactly the notch's size
+// while closed, springing open to the full content size when the panel state opens, with the metric
+// grid fading in below a clear band of the notch's height. Everything outside the card is left
+// transparent. The view animates only while something moves; at rest it neither ticks nor repaints.
+class RootView : public QWidget {
+  Q_OBJECT
+
+ public:
+  static constexpr NotchShape outline{7.0, 22.0};
+  static constexpr double springResponse = 0.42;  // seconds
+  static constexpr double springDampingFraction = 1.0;
+
+  // `grid` (may be null) becomes a child of the view and is shown centred under the notch band,
+  // at its size hint; the view starts in the state's current form, without animating.
+  RootView(PanelState& state, const RootViewMetrics& metrics, QWidget* grid,
+           QWidget* parent = nullptr);
+  ~RootView() override;
+
+  const RootViewMetrics& metrics() const { return metrics_; }
+  QWidget* grid() const { return grid_; }
+
+  // Where the card is now, in the view's coordinates, and how far the content has faded in.
+  Rect cardFrame() const;
+  double contentOpacity() const;
+
+  // The clock and frame pacing, exposed so tests can step time by hand.
+  FrameTimer& frameTimer() { return frameTimer_; }
+  bool isAnimating() const { return frameTimer_.isRunning(); }
+
+  QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  void setOpen(bool open);
+  void advance(double now);
+  void placeGrid();
+  void applyToGrid(double now);
+
+  RootViewMetrics metrics_;
+  QPointer<QWidget> grid_;
+  CardLayerEffect* gridEffect_ = nullptr;
+  FrameTimer frameTimer_;
+  SpringAnimation openness_;
+  FadeAnimation contentFade_;
+};
+
+}  // namespace brimly

@@ -1,0 +1,212 @@
+#include "panel/views/RootView.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QImage>
+#include <QPainter>
+
+#include "ReferenceImage.h"
+#include "SolidGrid.h"
+#include "panel/PanelState.h"
+
+namespace brimly {
+namespace {
+
+const QColor gridColour(40, 200, 120);
+
+class RootViewTest : public ::testing::Test {
+ protected:
+  RootViewTest() { makeView({185.0, 32.0}); }
+
+  void makeView(Size notch) {
+    grid = new SolidGrid({580, 100}, gridColour);
+    view = std::make_unique<RootView>(state, RootViewMetrics::forNotch(notch), grid);
+    view->frameTimer().setClock([this] { return now; });
+    const Size size = {600.0, notch.height + 116.0};
+    view->resize(static_cast<int>(size.width), static_cast<int>(size.height));
+  }
+
+  // Moves the hand-held clock on and delivers one frame, as the frame timer would.
+  void advanceTo(double time) {
+    now = time;
+    view->frameTimer().tick();
+  }
+
+  void settle() {
+    for (int frame = 0; frame < 200 && view->isAnimating(); ++frame)
+      advanceTo(now + 1.0 / 60.0);
+  }
+
+  QImage render() {
+    QImage image(view->size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    view->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+  }
+
+  PanelState state;
+  double now = 100.0;
+  SolidGrid* grid = nullptr;
+  std::unique_ptr<RootView> view;
+};
+
+bool isOpaqueBlack(QRgb pixel) {
+  return qAlpha(pixel) == 255 && qRed(pixel) == 0 && qGreen(pixel) == 0 && qBlue(pixel) == 0;
+}
+
+TEST_F(RootViewTest, ClosedOutlineIsTheNotchCentredOnTheTopEdge) {
+  EXPECT_EQ(view->cardFrame(), (Rect{207.5, 0.0, 185.0, 32.0}));
+  const QImage image = render();
+  EXPECT_TRUE(isOpaqueBlack(image.pixel(300, 16)));
+  EXPECT_TRUE(isOpaqueBlack(image.pixel(209, 10)));  // left edge, on its straight part
+  EXPECT_TRUE(isOpaqueBlack(image.pixel(390, 10)));  // right edge
+  EXPECT_TRUE(isOpaqueBlack(image.pixel(300, 31)));  // bottom edge
+  EXPECT_EQ(qAlpha(image.pixel(205, 10)), 0);        // beside the notch
+  EXPECT_EQ(qAlpha(image.pixel(394, 10)), 0);
+  EXPECT_EQ(qAlpha(image.pixel(300, 33)), 0);  // below it
+  EXPECT_EQ(qAlpha(image.pixel(208, 31)), 0);  // cut by the 22-point bottom corners
+  EXPECT_EQ(qAlpha(image.pixel(391, 31)), 0);
+  EXPECT_EQ(qAlpha(image.pixel(207, 0)), 0);  // and by the 7-point top corners
+}
+
+TEST_F(RootViewTest, ClosedShowsNoGrid) {
+  EXPECT_EQ(view->contentOpacity(), 0.0);
+  EXPECT_FALSE(grid->isVisibleTo(view.get()));
+  const QImage image = render();
+  EXPECT_EQ(qAlpha(image.pixel(300, 60)), 0);
+}
+
+TEST_F(RootViewTest, OpenCardIs600By148ForA32PointNotch) {
+  state.setOpen(true);
+  settle();
+  EXPECT_EQ(view->cardFrame(), (Rect{0.0, 0.0, 600.0, 148.0}));
+  const QImage image = render();
+  EXPECT_TRUE(isOpaqueBlack(image.pixel(300, 20)));   // the clear band over the notch is black
+  EXPECT_TRUE(isOpaqueBlack(image.pixel(1, 60)));     // left edge
+  EXPECT_TRUE(isOpaqueBlack(image.pixel(300, 146)));  // below the grid
+  EXPECT_EQ(qAlpha(image.pixel(1, 147)), 0);          // rounded bottom corners
+  EXPECT_EQ(qAlpha(image.pixel(598, 147)), 0);
+}
+
+TEST_F(RootViewTest, GridSitsCentredBelowTheNotchBandAndItsPadding) {
+  EXPECT_EQ(grid->geometry(), QRect(10, 32 + 8, 580, 100));
+  state.setOpen(true);
+  settle();
+  EXPECT_EQ(view->contentOpacity(), 1.0);
+  const QImage image = render();
+  EXPECT_EQ(QColor(image.pixel(300, 40)), gridColour);
+  EXPECT_EQ(QColor(image.pixel(10, 60)), gridColour);
+  EXPECT_TRUE(isOpaqueBlack(image.pixel(300, 39)));
+  EXPECT_TRUE(isOpaqueBlack(image.pixel(9, 60)));
+}
+
+TEST_F(RootViewTest, GridFadesInOnlyAfterTheOutlineHasBegunToGrow) {
+  state.setOpen(true);
+  advanceTo(now + 0.1);
+  EXPECT_GT(view->cardFrame().width, 185.0);
+  EXPECT_EQ(view->contentOpacity(), 0.0);
+  advanceTo(now + 0.11);  // 0.21 s after opening: half-way through the fade
+  EXPECT_NEAR(view->contentOpacity(), TimingCurve::easeOut()(0.5), 1e-9);
+  EXPECT_TRUE(grid->isVisibleTo(view.get()));
+}
+
+TEST_F(RootViewTest, GridFadesOutAtOnceWhenClosing) {
+  state.setOpen(true);
+  settle();
+  state.setOpen(false);
+  advanceTo(now + 0.09);
+  EXPECT_NEAR(view->contentOpacity(), 1.0 - TimingCurve::easeOut()(0.5), 1e-9);
+  advanceTo(now + 0.09);
+  EXPECT_EQ(view->contentOpacity(), 0.0);
+  EXPECT_FALSE(grid->isVisibleTo(view.get()));
+  EXPECT_GT(view->cardFrame().width, 185.0);  // the outline is still shrinking
+  settle();
+  EXPECT_EQ(view->cardFrame(), (Rect{207.5, 0.0, 185.0, 32.0}));
+}
+
+TEST_F(RootViewTest, GridIsCutToTheOutlineWhileTheCardMoves) {
+  state.setOpen(true);
+  advanceTo(now + 0.25);
+  const Rect card = view->cardFrame();
+  ASSERT_LT(card.width, 580.0);
+  ASSERT_GT(view->contentOpacity(), 0.0);
+  const QImage image = render();
+  const int inside = static_cast<int>(card.midX());
+  EXPECT_NE(QColor(image.pixel(inside, 45)), QColor(Qt::black));  // grid shows inside the card
+  EXPECT_EQ(qAlpha(image.pixel(static_cast<int>(card.minX()) - 3, 45)), 0);
+  EXPECT_EQ(qAlpha(image.pixel(static_cast<int>(card.maxX()) + 3, 45)), 0);
+  EXPECT_EQ(qAlpha(image.pixel(inside, static_cast<int>(card.maxY()) + 2)), 0);
+}
+
+TEST_F(RootViewTest, TogglingTwiceQuicklyRetargetsFromWhereTheCardIs) {
+  state.setOpen(true);
+  advanceTo(now + 0.1);
+  const Rect before = view->cardFrame();
+  state.setOpen(false);
+  EXPECT_EQ(view->cardFrame(), before);  // no jump at the moment of the change
+  advanceTo(now + 1.0 / 60.0);
+  EXPECT_GT(view->cardFrame().width, before.width);  // still carried outwards by its speed
+  settle();
+  EXPECT_EQ(view->cardFrame(), (Rect{207.5, 0.0, 185.0, 32.0}));
+  EXPECT_EQ(view->contentOpacity(), 0.0);
+}
+
+TEST_F(RootViewTest, AnimatesOnlyWhileSomethingMoves) {
+  EXPECT_FALSE(view->isAnimating());
+  state.setOpen(true);
+  EXPECT_TRUE(view->isAnimating());
+  settle();
+  EXPECT_FALSE(view->isAnimating());
+  state.setOpen(true);  // the same value again: nothing to move
+  EXPECT_FALSE(view->isAnimating());
+}
+
+// Counts the paint events a widget receives.
+class PaintCounter : public QObject {
+ public:
+  int paints = 0;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++paints;
+    return false;
+  }
+};
+
+TEST_F(RootViewTest, IdlePanelSchedulesNoRepaint) {
+  state.setOpen(true);
+  settle();
+  view->show();
+  QCoreApplication::processEvents();
+  QCoreApplication::processEvents();
+  PaintCounter counter;
+  view->installEventFilter(&counter);
+  grid->installEventFilter(&counter);
+  state.setOpen(true);
+  for (int i = 0; i < 5; ++i)
+    QCoreApplication::processEvents();
+  EXPECT_FALSE(view->isAnimating());
+  EXPECT_EQ(counter.paints, 0);
+}
+
+TEST_F(RootViewTest, StartsInTheStatesCurrentFormWithoutAnimating) {
+  state.setOpen(true);
+  makeView({185.0, 32.0});
+  EXPECT_FALSE(view->isAnimating());
+  EXPECT_EQ(view->cardFrame(), (Rect{0.0, 0.0, 600.0, 148.0}));
+  EXPECT_EQ(view->contentOpacity(), 1.0);
+}
+
+TEST_F(RootViewTest, MatchesTheReferenceRenderings) {
+  const QString dir = BRIMLY_REFERENCE_DIR;
+  EXPECT_TRUE(testing::matchesReference(render(), dir + "/root-closed-185x32.png"));
+  state.setOpen(true);
+  advanceTo(now + 0.2);
+  EXPECT_TRUE(testing::matchesReference(render(), dir + "/root-opening-0.2s.png"));
+  settle();
+  EXPECT_TRUE(testing::matchesReference(render(), dir + "/root-open-solid-grid.png"));
+}
+
+}  // namespace
+}  // namespace brimly

@@ -1,0 +1,234 @@
+#include "settings/AppSettings.h"
+
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+
+#include "FakeKeyValueStore.h"
+
+namespace brimly {
+namespace {
+
+using Kinds = std::vector<MetricKind>;
+using Strings = std::vector<std::string>;
+using Write = FakeKeyValueStore::Write;
+
+constexpr auto cpu = MetricKind::cpu;
+constexpr auto gpu = MetricKind::gpu;
+constexpr auto ram = MetricKind::ram;
+constexpr auto disk = MetricKind::disk;
+constexpr auto temp = MetricKind::temp;
+constexpr auto pwr = MetricKind::pwr;
+
+const Kinds allSix{cpu, gpu, ram, disk, temp, pwr};
+
+TEST(AppSettings, EmptyStoreGivesDefaultsAndWritesNothing) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  EXPECT_FALSE(settings.useFahrenheit());
+  EXPECT_FALSE(settings.isPinned());
+  EXPECT_EQ(settings.metricOrder(), allSix);
+  EXPECT_TRUE(store.writes.empty());
+  EXPECT_GT(store.reads, 0);
+}
+
+TEST(AppSettings, StoredOrderOfTempAndCpuShowsTwoCells) {
+  FakeKeyValueStore store;
+  store.values["metricOrder"] = Strings{"temp", "cpu"};
+  AppSettings settings(store);
+  EXPECT_EQ(settings.metricOrder(), (Kinds{temp, cpu}));
+}
+
+TEST(AppSettings, ShowingRamAppendsItAndStoresTheList) {
+  FakeKeyValueStore store;
+  store.values["metricOrder"] = Strings{"temp", "cpu"};
+  AppSettings settings(store);
+  QSignalSpy changed(&settings, &AppSettings::metricOrderChanged);
+  settings.setMetric(ram, true);
+  EXPECT_EQ(settings.metricOrder(), (Kinds{temp, cpu, ram}));
+  EXPECT_EQ(store.writes, (std::vector<Write>{{"metricOrder", Strings{"temp", "cpu", "ram"}}}));
+  EXPECT_EQ(changed.count(), 1);
+}
+
+TEST(AppSettings, TheLastShownMetricCannotBeHidden) {
+  FakeKeyValueStore store;
+  store.values["metricOrder"] = Strings{"cpu"};
+  AppSettings settings(store);
+  QSignalSpy changed(&settings, &AppSettings::metricOrderChanged);
+  settings.setMetric(cpu, false);
+  EXPECT_EQ(settings.metricOrder(), (Kinds{cpu}));
+  EXPECT_TRUE(store.writes.empty());
+  EXPECT_EQ(changed.count(), 0);
+}
+
+TEST(AppSettings, HidingAnAlreadyHiddenMetricRewritesTheUnchangedOrder) {
+  FakeKeyValueStore store;
+  store.values["metricOrder"] = Strings{"cpu", "ram"};
+  AppSettings settings(store);
+  QSignalSpy changed(&settings, &AppSettings::metricOrderChanged);
+  settings.setMetric(gpu, false);
+  EXPECT_EQ(settings.metricOrder(), (Kinds{cpu, ram}));
+  EXPECT_EQ(store.writes, (std::vector<Write>{{"metricOrder", Strings{"cpu", "ram"}}}));
+  EXPECT_EQ(changed.count(), 1);
+}
+
+TEST(AppSettings, SettingFahrenheitWritesAtOnceAndAgainWhenChangedBack) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  QSignalSpy changed(&settings, &AppSettings::useFahrenheitChanged);
+  settings.setUseFahrenheit(true);
+  EXPECT_EQ(store.writes, (std::vector<Write>{{"useFahrenheit", true}}));
+  settings.setUseFahrenheit(false);
+  EXPECT_EQ(store.writes, (std::vector<Write>{{"useFahrenheit", true}, {"useFahrenheit", false}}));
+  EXPECT_FALSE(settings.useFahrenheit());
+  ASSERT_EQ(changed.count(), 2);
+  EXPECT_TRUE(changed.at(0).at(0).toBool());
+  EXPECT_FALSE(changed.at(1).at(0).toBool());
+}
+
+TEST(AppSettings, EveryFahrenheitAssignmentIsAnnouncedAndWrittenAlsoOfTheSameValue) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  QSignalSpy changed(&settings, &AppSettings::useFahrenheitChanged);
+  settings.setUseFahrenheit(false);
+  EXPECT_EQ(changed.count(), 1);
+  EXPECT_EQ(store.writes, (std::vector<Write>{{"useFahrenheit", false}}));
+}
+
+TEST(AppSettings, ChangeIsAnnouncedWithTheNewValueBeforeItIsWritten) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  std::vector<std::string> seen;
+  QObject::connect(&settings, &AppSettings::useFahrenheitChanged, [&](bool value) {
+    seen.push_back("fahrenheit " + std::to_string(value) + " getter " +
+                   std::to_string(settings.useFahrenheit()) + " writes " +
+                   std::to_string(store.writes.size()));
+  });
+  QObject::connect(&settings, &AppSettings::metricOrderChanged, [&] {
+    seen.push_back("order " + std::to_string(settings.metricOrder().size()) + " writes " +
+                   std::to_string(store.writes.size()));
+  });
+  settings.setUseFahrenheit(true);
+  settings.setMetricOrder({pwr});
+  EXPECT_EQ(seen, (Strings{"fahrenheit 1 getter 1 writes 0", "order 1 writes 1"}));
+  EXPECT_EQ(store.writes.size(), 2u);
+}
+
+TEST(AppSettings, StoredBooleansAreRead) {
+  FakeKeyValueStore store;
+  store.values["useFahrenheit"] = true;
+  store.values["isPinned"] = true;
+  AppSettings settings(store);
+  EXPECT_TRUE(settings.useFahrenheit());
+  EXPECT_TRUE(settings.isPinned());
+}
+
+TEST(AppSettings, MistypedValuesReadAsAbsent) {
+  FakeKeyValueStore store;
+  store.values["useFahrenheit"] = Strings{"true"};
+  store.values["isPinned"] = FakeKeyValueStore::OtherValue{};
+  store.values["metricOrder"] = true;
+  AppSettings settings(store);
+  EXPECT_FALSE(settings.useFahrenheit());
+  EXPECT_FALSE(settings.isPinned());
+  EXPECT_EQ(settings.metricOrder(), allSix);
+  EXPECT_TRUE(store.writes.empty());
+}
+
+TEST(AppSettings, UnknownAndRepeatedEntriesAreDroppedWithoutWritingBack) {
+  FakeKeyValueStore store;
+  store.values["metricOrder"] = Strings{"ram", "cpu", "ram", "battery"};
+  AppSettings settings(store);
+  EXPECT_EQ(settings.metricOrder(), (Kinds{ram, cpu}));
+  EXPECT_TRUE(store.writes.empty());
+}
+
+TEST(AppSettings, EmptyOrWhollyUnknownOrderGivesAllSix) {
+  for (const Strings& stored : {Strings{}, Strings{"CPU", "PWR"}}) {
+    FakeKeyValueStore store;
+    store.values["metricOrder"] = stored;
+    AppSettings settings(store);
+    EXPECT_EQ(settings.metricOrder(), allSix);
+  }
+}
+
+TEST(AppSettings, StoreThatCouldNotBeReadGivesDefaultsAndIsNotWritten) {
+  FakeKeyValueStore store;
+  store.values["useFahrenheit"] = true;
+  store.values["metricOrder"] = Strings{"pwr"};
+  store.failed = true;
+  AppSettings settings(store);
+  EXPECT_FALSE(settings.useFahrenheit());
+  EXPECT_EQ(settings.metricOrder(), allSix);
+  EXPECT_TRUE(store.writes.empty());
+}
+
+TEST(AppSettings, ShowingAShownMetricDoesNothing) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  QSignalSpy changed(&settings, &AppSettings::metricOrderChanged);
+  settings.setMetric(gpu, true);
+  EXPECT_EQ(settings.metricOrder(), allSix);
+  EXPECT_TRUE(store.writes.empty());
+  EXPECT_EQ(changed.count(), 0);
+}
+
+TEST(AppSettings, AReshownMetricGoesToTheEnd) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  settings.setMetric(gpu, false);
+  EXPECT_EQ(settings.metricOrder(), (Kinds{cpu, ram, disk, temp, pwr}));
+  settings.setMetric(gpu, true);
+  EXPECT_EQ(settings.metricOrder(), (Kinds{cpu, ram, disk, temp, pwr, gpu}));
+  EXPECT_EQ(store.writes.back(),
+            (Write{"metricOrder", Strings{"cpu", "ram", "disk", "temp", "pwr", "gpu"}}));
+}
+
+TEST(AppSettings, HidingRemovesEveryOccurrence) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  settings.setMetricOrder({cpu, ram, cpu});
+  settings.setMetric(cpu, false);
+  EXPECT_EQ(settings.metricOrder(), (Kinds{ram}));
+}
+
+TEST(AppSettings, EveryOrderAssignmentIsAnnouncedAndWritten) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  QSignalSpy changed(&settings, &AppSettings::metricOrderChanged);
+  settings.setMetricOrder(allSix);
+  settings.setMetricOrder({disk, cpu});
+  EXPECT_EQ(changed.count(), 2);
+  EXPECT_EQ(store.writes, (std::vector<Write>{
+                              {"metricOrder", Strings{"cpu", "gpu", "ram", "disk", "temp", "pwr"}},
+                              {"metricOrder", Strings{"disk", "cpu"}}}));
+}
+
+TEST(AppSettings, MovingMetricsAssignsTheReorderedList) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  settings.moveMetrics({1, 4}, 0);
+  EXPECT_EQ(settings.metricOrder(), (Kinds{gpu, temp, cpu, ram, disk, pwr}));
+  EXPECT_EQ(store.writes.back(),
+            (Write{"metricOrder", Strings{"gpu", "temp", "cpu", "ram", "disk", "pwr"}}));
+  settings.moveMetrics({9}, 0);  // out of range: the order stays, but is still assigned
+  EXPECT_EQ(settings.metricOrder(), (Kinds{gpu, temp, cpu, ram, disk, pwr}));
+}
+
+TEST(AppSettings, PinIsHeldButNotPersistedByTheSettings) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  QSignalSpy changed(&settings, &AppSettings::isPinnedChanged);
+  settings.setPinned(true);
+  settings.setPinned(true);
+  EXPECT_TRUE(settings.isPinned());
+  EXPECT_TRUE(store.writes.empty());
+  ASSERT_EQ(changed.count(), 1);
+  EXPECT_TRUE(changed.at(0).at(0).toBool());
+  // The pin switch writes through the same store the settings were read from.
+  settings.defaults().writeBool(AppSettings::isPinnedKey, true);
+  EXPECT_EQ(store.writes, (std::vector<Write>{{"isPinned", true}}));
+}
+
+}  // namespace
+}  // namespace brimly

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "platform/KeyValueStore.h"
+
+namespace brimly {
+
+// An in-memory preferences store that records every write. A key can also hold a value of a
+// type the reads do not accept (`OtherValue`), to stand for a mistyped entry.
+class FakeKeyValueStore : public KeyValueStore {
+ public:
+  struct OtherValue {
+    bool operator==(const OtherValue&) const = default;
+  };
+  using Value = std::variant<bool, std::vector<std::string>, OtherValue>;
+
+  struct Write {
+    std::string key;
+    Value value;
+    bool operator==(const Write&) const = default;
+  };
+
+  std::optional<bool> readBool(std::string_view key) const override {
+    ++reads;
+    if (failed) return std::nullopt;
+    const auto found = values.find(std::string(key));
+    if (found == values.end() || !std::holds_alternative<bool>(found->second)) return std::nullopt;
+    return std::get<bool>(found->second);
+  }
+
+  std::optional<std::vector<std::string>> readStringList(std::string_view key) const override {
+    ++reads;
+    if (failed) return std::nullopt;
+    const auto found = values.find(std::string(key));
+    if (found == values.end() || !std::holds_alternative<std::vector<std::string>>(found->second)) {
+      return std::nullopt;
+    }
+    return std::get<std::vector<std::string>>(found->second);
+  }
+
+  void writeBool(std::string_view key, bool value) override { record(key, value); }
+
+  void writeStringList(std::string_view key, const std::vector<std::string>& value) override {
+    record(key, value);
+  }
+
+  bool readFailed() const override { return failed; }
+
+  std::map<std::string, Value> values;
+  std::vector<Write> writes;
+  mutable int reads = 0;
+  bool failed = false;
+
+ private:
+  void record(std::string_view key, Value value) {
+    values[std::string(key)] = value;
+    writes.push_back(Write{std::string(key), std::move(value)});
+  }
+};
+
+}  // namespace brimly

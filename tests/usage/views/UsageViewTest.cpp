@@ -1,0 +1,304 @@
+#include "usage/views/UsageView.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <cmath>
+
+#include "ReferenceImage.h"
+#include "usage/Theme.h"
+#include "usage/UsageColors.h"
+#include "usage/views/QtColor.h"
+
+namespace brimly {
+namespace {
+
+constexpr double gib = 1024.0 * 1024.0 * 1024.0;
+
+// The fonts the references are drawn with (fonts-dejavu-core), whatever else is installed.
+UsageTypography testTypography() {
+  return {"DejaVu Sans", "DejaVu Sans Mono"};
+}
+
+MetricSample busyLaptop() {
+  MetricSample sample;
+  sample.cpu = 0.42;
+  sample.gpu = 0.61;
+  sample.memoryUsedBytes = static_cast<std::uint64_t>(8.53 * gib);
+  sample.memoryTotalBytes = static_cast<std::uint64_t>(16 * gib);
+  sample.memory = 8.53 / 16.0;
+  sample.swapUsedBytes = 512ull * 1024 * 1024;
+  sample.diskUsedBytes = static_cast<std::int64_t>(234.2 * gib);
+  sample.diskTotalBytes = static_cast<std::int64_t>(460.4 * gib);
+  sample.disk = 234.2 / 460.4;
+  sample.temperatureC = 83.0;
+  sample.powerState = PowerState::discharging(7.4);
+  sample.batteryPercent = 85;
+  return sample;
+}
+
+// Renders the grid on black, as the panel shows it.
+QImage renderOnBlack(UsageView& view) {
+  QImage image(view.sizeHint(), QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::black);
+  view.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+  return image;
+}
+
+// The colour `colour` shows as over an opaque `background`.
+QColor over(const QColor& colour, const QColor& background) {
+  const float a = colour.alphaF();
+  return QColor::fromRgbF(colour.redF() * a + background.redF() * (1 - a),
+                          colour.greenF() * a + background.greenF() * (1 - a),
+                          colour.blueF() * a + background.blueF() * (1 - a));
+}
+
+QColor overBlack(const QColor& colour) {
+  return over(colour, Qt::black);
+}
+
+::testing::AssertionResult near(QColor actual, QColor expected, int tolerance = 3) {
+  const int delta = std::max({std::abs(actual.red() - expected.red()),
+                              std::abs(actual.green() - expected.green()),
+                              std::abs(actual.blue() - expected.blue())});
+  if (delta <= tolerance) return ::testing::AssertionSuccess();
+  return ::testing::AssertionFailure()
+         << "(" << actual.red() << ", " << actual.green() << ", " << actual.blue() << ") is not ("
+         << expected.red() << ", " << expected.green() << ", " << expected.blue() << ")";
+}
+
+// The brightest pixel (by its sum of channels) in a rectangle.
+QColor brightest(const QImage& image, QRect area) {
+  QColor best(Qt::black);
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    for (int x = area.left(); x <= area.right(); ++x) {
+      const QColor c(image.pixel(x, y));
+      if (c.red() + c.green() + c.blue() > best.red() + best.green() + best.blue()) best = c;
+    }
+  }
+  return best;
+}
+
+class UsageViewTest : public ::testing::Test {
+ protected:
+  UsageViewTest() : view(3, 172.0, testTypography()) {
+    view.frameTimer().setClock([this] { return now; });
+  }
+
+  const CellPlacement& cellOf(MetricKind kind) const {
+    for (const auto& cell : view.geometry().cells) {
+      if (cell.kind == kind) return cell;
+    }
+    throw std::runtime_error("kind not shown");
+  }
+
+  // The middle row of a cell's 3-point bar, in grid coordinates.
+  int barRow(MetricKind kind) const {
+    return static_cast<int>(cellOf(kind).frame.y + view.headerHeight() + 5.0 + 1.0);
+  }
+  int cellLeft(MetricKind kind) const { return static_cast<int>(cellOf(kind).frame.x); }
+
+  double now = 50.0;
+  UsageView view;
+};
+
+TEST_F(UsageViewTest, HeaderRowIsTheTallerFontLineInWholePoints) {
+  EXPECT_EQ(view.headerHeight(), std::ceil(view.headerHeight()));
+  EXPECT_GE(view.headerHeight(), 13.0);
+  EXPECT_LE(view.headerHeight(), 18.0);
+}
+
+TEST_F(UsageViewTest, ThreeColumnsOfSixCellsMakeTwoRowsInThe580PointFrame) {
+  view.setSample(busyLaptop());
+  const double cellHeight = view.headerHeight() + 5.0 + 3.0 + 5.0 + 11.0;
+  EXPECT_EQ(view.sizeHint(), QSize(580, static_cast<int>(std::ceil(2 * cellHeight + 8 + 12))));
+  ASSERT_EQ(view.geometry().cells.size(), 6u);
+  EXPECT_EQ(cellOf(MetricKind::cpu).frame, (Rect{20.0, 6.0, 172.0, cellHeight}));
+  EXPECT_EQ(cellOf(MetricKind::temp).frame.y, 6.0 + cellHeight + 8.0);
+}
+
+TEST_F(UsageViewTest, CellsFollowTheGivenOrderAndSelection) {
+  view.setMetricOrder({MetricKind::pwr, MetricKind::cpu});
+  ASSERT_EQ(view.cells().size(), 2u);
+  EXPECT_EQ(view.cells()[0].label, "PWR");
+  EXPECT_EQ(view.cells()[1].label, "CPU");
+  EXPECT_EQ(view.geometry().cells[0].kind, MetricKind::pwr);
+}
+
+TEST_F(UsageViewTest, ZeroValueDrawsATwoPointStub) {
+  MetricSample sample = busyLaptop();
+  sample.cpu = 0.0;
+  view.setSample(sample);
+  const QImage image = renderOnBlack(view);
+  const int x = cellLeft(MetricKind::cpu);
+  const int y = barRow(MetricKind::cpu);
+  const QColor green = overBlack(toQColor(usageColors(0.0).start));
+  const QColor track = overBlack(toQColor(Theme::barTrack));
+  // The stub's two pixels are green (its rounded ends leave them partly covered) and
+  // everything after them is the faint track.
+  EXPECT_GT(QColor(image.pixel(x, y)).green(), track.green() + 40);
+  EXPECT_GT(QColor(image.pixel(x + 1, y)).green(), track.green() + 40);
+  EXPECT_LT(QColor(image.pixel(x, y)).green(), green.green() + 3);
+  EXPECT_TRUE(near(QColor(image.pixel(x + 3, y)), track));
+  EXPECT_TRUE(near(QColor(image.pixel(x + 80, y)), track));
+}
+
+TEST_F(UsageViewTest, FullValueFillsTheWholeCellWidth) {
+  MetricSample sample = busyLaptop();
+  sample.cpu = 1.0;
+  view.setSample(sample);
+  const QImage image = renderOnBlack(view);
+  const int x = cellLeft(MetricKind::cpu);
+  const int y = barRow(MetricKind::cpu);
+  const ColorPair red = usageColors(1.0);
+  EXPECT_TRUE(near(QColor(image.pixel(x + 2, y)), overBlack(toQColor(red.start)), 4));
+  EXPECT_TRUE(near(QColor(image.pixel(x + 169, y)), overBlack(toQColor(red.end)), 4));
+  EXPECT_TRUE(near(QColor(image.pixel(x + 173, y)), Qt::black));  // past the cell
+}
+
+TEST_F(UsageViewTest, BarRunsThroughItsGradientFromLeadingToTrailing) {
+  MetricSample sample = busyLaptop();
+  sample.cpu = 0.5;  // 86 points of green
+  view.setSample(sample);
+  const QImage image = renderOnBlack(view);
+  const int x = cellLeft(MetricKind::cpu);
+  const int y = barRow(MetricKind::cpu);
+  const ColorPair green = usageColors(0.5);
+  const QColor start = overBlack(toQColor(green.start));
+  const QColor end = overBlack(toQColor(green.end));
+  EXPECT_TRUE(near(QColor(image.pixel(x + 2, y)), start, 4));
+  EXPECT_TRUE(near(QColor(image.pixel(x + 83, y)), end, 4));
+  const QColor middle(image.pixel(x + 43, y));
+  EXPECT_TRUE(near(middle,
+                   QColor((start.red() + end.red()) / 2, (start.green() + end.green()) / 2,
+                          (start.blue() + end.blue()) / 2),
+                   4));
+  // The track shows past the fill.
+  EXPECT_TRUE(near(QColor(image.pixel(x + 120, y)), overBlack(toQColor(Theme::barTrack))));
+}
+
+TEST_F(UsageViewTest, TrackIsThePrimaryColourAtSevenPercent) {
+  const QColor track = overBlack(toQColor(Theme::primaryForeground.withOpacity(0.07)));
+  EXPECT_TRUE(near(track, QColor(15, 15, 15), 1));
+  view.setSample(busyLaptop());
+  const QImage image = renderOnBlack(view);
+  EXPECT_TRUE(
+      near(QColor(image.pixel(cellLeft(MetricKind::gpu) + 150, barRow(MetricKind::gpu))), track));
+}
+
+TEST_F(UsageViewTest, TemperatureBarUsesTheHeatSteps) {
+  view.setSample(busyLaptop());  // 83 °C: red
+  const QImage image = renderOnBlack(view);
+  const QColor red = overBlack(toQColor(usageColors(0.9).start));
+  EXPECT_TRUE(
+      near(QColor(image.pixel(cellLeft(MetricKind::temp) + 2, barRow(MetricKind::temp))), red, 4));
+}
+
+TEST_F(UsageViewTest, PowerBarIsCyanWhileChargingAndGreyOnMains) {
+  MetricSample sample = busyLaptop();
+  sample.powerState = PowerState::charging(25.0);  // half a bar
+  view.setSample(sample);
+  QImage image = renderOnBlack(view);
+  const int x = cellLeft(MetricKind::pwr);
+  const int y = barRow(MetricKind::pwr);
+  EXPECT_TRUE(near(QColor(image.pixel(x + 2, y)),
+                   overBlack(toQColor(Color::displayP3(0.36, 0.78, 0.85))), 4));
+
+  sample.powerState = PowerState::acIdle();
+  sample.systemPowerWatts = 10.0;  // half a bar on the mains scale
+  view.setSample(sample);
+  image = renderOnBlack(view);
+  // The translucent grey lies over the track.
+  const QColor grey = over(toQColor(Theme::secondaryForeground.withOpacity(0.55)),
+                           overBlack(toQColor(Theme::barTrack)));
+  EXPECT_TRUE(near(QColor(image.pixel(x + 2, y)), grey, 3));
+  EXPECT_TRUE(near(QColor(image.pixel(x + 80, y)), grey, 3));
+}
+
+TEST_F(UsageViewTest, LabelIsSecondaryAndValuePrimary) {
+  view.setSample(busyLaptop());
+  const QImage image = renderOnBlack(view);
+  const Rect cell = cellOf(MetricKind::cpu).frame;
+  const int header = static_cast<int>(view.headerHeight());
+  const QRect labelArea(static_cast<int>(cell.x), static_cast<int>(cell.y), 40, header);
+  const QRect valueArea(static_cast<int>(cell.x + cell.width) - 40, static_cast<int>(cell.y), 40,
+                        header);
+  EXPECT_TRUE(near(brightest(image, labelArea), overBlack(toQColor(Theme::secondaryForeground))));
+  EXPECT_TRUE(near(brightest(image, valueArea), overBlack(toQColor(Theme::primaryForeground))));
+}
+
+TEST_F(UsageViewTest, HiddenGridTakesNewValuesAtOnce) {
+  view.setSample(busyLaptop());
+  MetricSample next = busyLaptop();
+  next.cpu = 0.9;
+  view.setSample(next);
+  EXPECT_EQ(view.shownBarValue(MetricKind::cpu), 0.9);
+  EXPECT_FALSE(view.isAnimating());
+}
+
+TEST_F(UsageViewTest, VisibleBarsGlideToNewValuesOverHalfASecond) {
+  view.setSample(busyLaptop());
+  view.show();
+  MetricSample next = busyLaptop();
+  next.cpu = 0.82;
+  view.setSample(next);
+  EXPECT_TRUE(view.isAnimating());
+  EXPECT_EQ(view.shownBarValue(MetricKind::cpu), 0.42);
+  now += 0.25;
+  EXPECT_NEAR(view.shownBarValue(MetricKind::cpu), 0.42 + 0.4 * TimingCurve::easeOut()(0.5), 1e-9);
+  now += 0.25;
+  view.frameTimer().tick();
+  EXPECT_EQ(view.shownBarValue(MetricKind::cpu), 0.82);
+  EXPECT_FALSE(view.isAnimating());
+}
+
+TEST_F(UsageViewTest, UnchangedSampleDoesNotAnimate) {
+  view.setSample(busyLaptop());
+  view.show();
+  view.setSample(busyLaptop());
+  EXPECT_FALSE(view.isAnimating());
+}
+
+TEST_F(UsageViewTest, ChangedValueTextCrossFades) {
+  view.setSample(busyLaptop());
+  view.show();
+  view.setUseFahrenheit(true);  // new text, same bar
+  EXPECT_TRUE(view.isAnimating());
+  now += 0.25;
+  view.frameTimer().tick();
+  EXPECT_FALSE(view.isAnimating());
+}
+
+TEST_F(UsageViewTest, AShortLastRowIsCentred) {
+  view.setMetricOrder({MetricKind::cpu, MetricKind::gpu, MetricKind::ram, MetricKind::disk});
+  ASSERT_EQ(view.geometry().cells.size(), 4u);
+  EXPECT_EQ(view.geometry().cells[3].frame.x, 204.0);  // (580 - 172) / 2
+}
+
+TEST_F(UsageViewTest, ChangingTheOrderAsksForANewSize) {
+  const QSize two = view.sizeHint();
+  view.setMetricOrder({MetricKind::cpu});
+  EXPECT_LT(view.sizeHint().height(), two.height());
+  EXPECT_EQ(view.size(), view.sizeHint());
+}
+
+TEST_F(UsageViewTest, MatchesTheReferenceRenderings) {
+  const QString dir = BRIMLY_REFERENCE_DIR;
+  view.setSample(busyLaptop());
+  EXPECT_TRUE(testing::matchesReference(renderOnBlack(view), dir + "/usage-grid-six.png"));
+
+  MetricSample charging = busyLaptop();
+  charging.cpu = 0.0;
+  charging.gpu.reset();
+  charging.powerState = PowerState::charging(31.0);
+  charging.batteryPercent = 62;
+  charging.temperatureC = 58.0;
+  view.setUseFahrenheit(true);
+  view.setMetricOrder({MetricKind::pwr, MetricKind::gpu, MetricKind::cpu, MetricKind::temp});
+  view.setSample(charging);
+  EXPECT_TRUE(testing::matchesReference(renderOnBlack(view), dir + "/usage-grid-four.png"));
+}
+
+}  // namespace
+}  // namespace brimly
