@@ -8,6 +8,7 @@
 #include "app/DesktopIntegration.h"
 #include "panel/views/PanelWindow.h"
 #include "platform/KeyValueStore.h"
+#include "usage/views/UsageView.h"
 
 namespace brimly {
 
@@ -55,8 +56,23 @@ void AppDelegate::recomputeNotch() {
   notchSize_ = placement_.notchSize;
 }
 
+QWidget* AppDelegate::makeGrid() {
+  auto* grid = new UsageView(gridColumns, gridCellWidth);
+  grid->setSample(monitor_.current());
+  grid->setMetricOrder(settings_.metricOrder());
+  grid->setUseFahrenheit(settings_.useFahrenheit());
+  // The grid is the context of each connection, so they end with it when the root view is
+  // rebuilt.
+  connect(&monitor_, &SystemMonitor::sampleApplied, grid,
+          [this, grid] { grid->setSample(monitor_.current()); });
+  connect(&settings_, &AppSettings::metricOrderChanged, grid,
+          [this, grid] { grid->setMetricOrder(settings_.metricOrder()); });
+  connect(&settings_, &AppSettings::useFahrenheitChanged, grid, &UsageView::setUseFahrenheit);
+  return grid;
+}
+
 void AppDelegate::buildWindow() {
-  window_ = std::make_unique<PanelWindow>(panelState_, notchSize_);
+  window_ = std::make_unique<PanelWindow>(panelState_, notchSize_, [this] { return makeGrid(); });
   window_->setWindowTitle("Brimly");
   window_->winId();  // the native window, so that the desktop's hints go on before it is shown
   desktop_.prepareOverlay(*window_);
@@ -74,7 +90,9 @@ void AppDelegate::placePanel() {
   window_->raise();
 }
 
-void AppDelegate::applyTrackerGeometry() { tracker_.setGeometry(placement_.tracker); }
+void AppDelegate::applyTrackerGeometry() {
+  tracker_.setGeometry(placement_.tracker);
+}
 
 void AppDelegate::observeScreenChanges() {
   auto* application = qGuiApp;
@@ -86,13 +104,13 @@ void AppDelegate::observeScreenChanges() {
           &AppDelegate::queueScreenParamsChanged);
   connect(application, &QGuiApplication::primaryScreenChanged, this,
           &AppDelegate::queueScreenParamsChanged);
-  for (QScreen* screen : QGuiApplication::screens()) observeScreen(screen);
+  for (QScreen* screen : QGuiApplication::screens())
+    observeScreen(screen);
 }
 
 void AppDelegate::observeScreen(QScreen* screen) {
   connect(screen, &QScreen::geometryChanged, this, &AppDelegate::queueScreenParamsChanged);
-  connect(screen, &QScreen::availableGeometryChanged, this,
-          &AppDelegate::queueScreenParamsChanged);
+  connect(screen, &QScreen::availableGeometryChanged, this, &AppDelegate::queueScreenParamsChanged);
 }
 
 void AppDelegate::queueScreenParamsChanged() {

@@ -17,6 +17,7 @@
 #include "settings/AppSettings.h"
 
 class QScreen;
+class QWidget;
 
 namespace brimly {
 
@@ -33,10 +34,14 @@ class AppDelegate : public QObject {
   Q_OBJECT
 
  public:
+  // The panel's metric grid: three cells to a row, each 172 points wide.
+  static constexpr int gridColumns = 3;
+  static constexpr double gridCellWidth = 172.0;
+
   // The readers of the system, the preferences store and the desktop integration; all three must
   // outlive the delegate.
-  AppDelegate(const PlatformFactory& platform, KeyValueStore& defaults,
-              DesktopIntegration& desktop, QObject* parent = nullptr);
+  AppDelegate(const PlatformFactory& platform, KeyValueStore& defaults, DesktopIntegration& desktop,
+              QObject* parent = nullptr);
   ~AppDelegate() override;
 
   // Builds and shows the panel, starts sampling and the pointer tracker, observes the screens.
@@ -58,6 +63,7 @@ class AppDelegate : public QObject {
  private:
   void recomputeNotch();
   void buildWindow();
+  QWidget* makeGrid();
   void buildStatusItem();
   void placePanel();
   void applyTrackerGeometry();
