@@ -24,6 +24,8 @@ PanelWindow::PanelWindow(PanelState& state, Size notchSize, GridFactory makeGrid
   setAttribute(Qt::WA_TranslucentBackground);
   setAttribute(Qt::WA_ShowWithoutActivating);
   setAttribute(Qt::WA_TransparentForMouseEvents);
+  // A tool window would otherwise hide whenever another application is active.
+  setAttribute(Qt::WA_MacAlwaysShowToolWindow);
   setFocusPolicy(Qt::NoFocus);
   const Size size = panelSize(notchSize);
   resize(rounded(size.width), rounded(size.height));

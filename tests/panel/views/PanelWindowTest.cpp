@@ -24,6 +24,12 @@ TEST(PanelWindow, IsAClickThroughOverlayThatNeverTakesFocus) {
   EXPECT_EQ(window.focusPolicy(), Qt::NoFocus);
 }
 
+TEST(PanelWindow, StaysShownWhileOtherApplicationsAreActive) {
+  PanelState state;
+  PanelWindow window(state, {185.0, 32.0});
+  EXPECT_TRUE(window.testAttribute(Qt::WA_MacAlwaysShowToolWindow));
+}
+
 TEST(PanelWindow, Is600WideAndNotchHeightPlus116High) {
   PanelState state;
   PanelWindow window(state, {185.0, 32.0});
