@@ -30,7 +30,7 @@ audit: build
 # Optimised build; prints both medians and the sampler's ratio to the bare kernel-file reads.
 bench: deps
 	@cmake --preset bench
-	@cmake --build --preset bench
+	@cmake --build --preset bench --target brimly_sampler_bench
 	@build/bench/bench/brimly_sampler_bench
 
 format:

@@ -1,13 +1,9 @@
 #include "app/AuditEntry.h"
 
-#include <cstdio>
+#include "audit/system/AuditMain.h"
 
 namespace brimly {
 
-int runAuditReport(int, char**) {
-  // The report is not part of this build yet; saying so beats printing an empty one.
-  std::fputs("Brimly: this build has no diagnostic report yet.\n", stderr);
-  return 1;
-}
+int runAuditReport(int argc, char** argv) { return Audit::runAuditReport(argc, argv); }
 
 }  // namespace brimly

@@ -38,6 +38,10 @@ void dumpEnergy(const Environment& environment, ReportWriter& writer) {
     writer.row(wording.energyCompare);
   } else {
     writer.row(unavailableText(environment, wording));
+    if (environment.flavour == ReportFlavour::gnuLinux && environment.kernelFigures != nullptr) {
+      for (const std::string& note : environment.kernelFigures->energyNotes())
+        writer.row(note);
+    }
   }
   writer.close();
 }

@@ -5,12 +5,26 @@
 
 namespace brimly::Audit {
 
+namespace {
+
+// On Linux, what each card and the NVIDIA library gave, so that a missing figure is explained.
+void explainLinuxSources(const Environment& environment, ReportWriter& writer) {
+  if (environment.flavour != ReportFlavour::gnuLinux || environment.kernelFigures == nullptr) {
+    return;
+  }
+  for (const std::string& note : environment.kernelFigures->gpuNotes())
+    writer.row(note);
+}
+
+}  // namespace
+
 void dumpGPU(const Environment& environment, ReportWriter& writer) {
   const ReportWording& wording = reportWording(environment.flavour);
   writer.open(wording.gpuHeader);
   const auto services = environment.platform->makeAcceleratorPort()->readAcceleratorServices();
   if (!services || services->empty()) {
     writer.row(wording.gpuNotFound);
+    explainLinuxSources(environment, writer);
     writer.close();
     return;
   }
@@ -29,6 +43,7 @@ void dumpGPU(const Environment& environment, ReportWriter& writer) {
       writer.row("  " + entry->first + ": " + describe(entry->second));
     }
   }
+  explainLinuxSources(environment, writer);
   if (!wording.gpuCompare.empty()) writer.row(wording.gpuCompare);
   writer.close();
 }

@@ -1,4 +1,3 @@
-#include <array>
 #include <string_view>
 
 #include "audit/Audit.h"
@@ -11,11 +10,6 @@ namespace {
 using ReportText::fixed;
 using ReportText::gigabytes;
 
-// The /proc/meminfo fields quoted in the Linux report, in this order. Used memory is computed from
-// the first three; the rest let a reader check it against `free`.
-constexpr std::array<std::string_view, 7> kQuotedMeminfoFields{
-    "MemTotal", "MemAvailable", "MemFree", "Buffers", "Cached", "SwapTotal", "SwapFree"};
-
 constexpr std::size_t kLabelWidth = 20;  // "Page size:          "
 
 std::string label(std::string_view name) {
@@ -23,22 +17,13 @@ std::string label(std::string_view name) {
 }
 
 // The raw meminfo lines; false when the file could not be read at all.
-bool quoteMeminfo(KernelFigureSource& kernel, ReportWriter& writer) {
-  const auto fields = kernel.meminfoKiB();
-  if (!fields) return false;
-  for (std::string_view wanted : kQuotedMeminfoFields) {
-    const KernelFigure* found = nullptr;
-    for (const auto& field : *fields) {
-      if (field.name == wanted) {
-        found = &field;
-        break;
-      }
-    }
-    if (found == nullptr) {
-      writer.row(label(wanted) + "❌ missing");
+bool quoteMeminfo(const MeminfoFigures& meminfo, ReportWriter& writer) {
+  if (!meminfo.error.empty()) return false;
+  for (const auto& [name, kib] : meminfo.fieldsKiB) {
+    if (kib) {
+      writer.row(label(name) + fixed(gigabytes(static_cast<double>(*kib) * 1024.0), 7, 3) + " GB");
     } else {
-      writer.row(label(wanted) +
-                 fixed(gigabytes(static_cast<double>(found->value) * 1024.0), 7, 3) + " GB");
+      writer.row(label(name) + "❌ missing");
     }
   }
   return true;
@@ -51,11 +36,13 @@ void dumpMemory(const Environment& environment, ReportWriter& writer) {
   writer.open(wording.memoryHeader);
   const bool onLinux = environment.flavour == ReportFlavour::gnuLinux;
 
-  if (onLinux && environment.kernelFigures != nullptr &&
-      !quoteMeminfo(*environment.kernelFigures, writer)) {
-    writer.row(wording.memoryFailed);
-    writer.close();
-    return;
+  if (onLinux && environment.kernelFigures != nullptr) {
+    const MeminfoFigures meminfo = environment.kernelFigures->meminfo();
+    if (!quoteMeminfo(meminfo, writer)) {
+      writer.row(wording.memoryFailed + " (" + meminfo.error + ")");
+      writer.close();
+      return;
+    }
   }
 
   const MemoryReading reading = environment.platform->makeMemoryPort()->readMemory();

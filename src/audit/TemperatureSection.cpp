@@ -42,6 +42,10 @@ void dumpTemperatureSensors(const Environment& environment, ReportWriter& writer
   if (const auto hottest = reader.currentCPUTemperature()) {
     writer.row(wording.temperatureLiveLabel + ReportText::fixed(*hottest, 1) + " °C");
   }
+  if (environment.flavour == ReportFlavour::gnuLinux && environment.kernelFigures != nullptr) {
+    for (const std::string& note : environment.kernelFigures->temperatureNotes())
+      writer.row(note);
+  }
   if (!wording.temperatureCompare.empty()) writer.row(wording.temperatureCompare);
   writer.close();
 }

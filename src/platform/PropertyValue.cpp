@@ -57,8 +57,6 @@ const PropertyDict* PropertyDict::dict(std::string_view key) const {
   return value == nullptr ? nullptr : value->get<PropertyDict>();
 }
 
-bool PropertyDict::empty() const { return entries_.empty(); }
-
 bool PropertyDict::operator==(const PropertyDict& other) const { return entries_ == other.entries_; }
 
 namespace {

@@ -16,13 +16,25 @@ namespace brimly::testing {
 // Raw kernel figures set by the test.
 class FakeKernelFigures final : public KernelFigureSource {
  public:
-  std::optional<std::vector<KernelFigure>> meminfo;
+  // Unreadable until a test fills it.
+  MeminfoFigures meminfoFigures{"/proc/meminfo", "No such file or directory", {}};
   std::optional<RootFilesystemFigures> rootFs;
+  std::vector<std::string> gpu;
+  std::vector<std::string> temperature;
   EnergyCounterAccess energyAccess = EnergyCounterAccess::readable;
+  std::vector<std::string> energy;
 
-  std::optional<std::vector<KernelFigure>> meminfoKiB() override { return meminfo; }
+  // Sets readable meminfo fields (KiB, nothing for a missing field).
+  void setMeminfo(std::vector<std::pair<std::string, std::optional<std::uint64_t>>> fields) {
+    meminfoFigures = MeminfoFigures{"/proc/meminfo", "", std::move(fields)};
+  }
+
+  MeminfoFigures meminfo() override { return meminfoFigures; }
   std::optional<RootFilesystemFigures> rootFilesystem() override { return rootFs; }
+  std::vector<std::string> gpuNotes() override { return gpu; }
+  std::vector<std::string> temperatureNotes() override { return temperature; }
   EnergyCounterAccess energyCounterAccess() override { return energyAccess; }
+  std::vector<std::string> energyNotes() override { return energy; }
 };
 
 // The live section's loop, driven by the hand-driven scheduler: serving it moves time on and

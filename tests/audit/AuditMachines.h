@@ -51,10 +51,22 @@ inline FakeMachine typicalLinuxLaptop() {
 
 // The raw kernel figures behind `typicalLinuxLaptop`.
 inline void setTypicalLinuxKernelFigures(FakeKernelFigures& kernel) {
-  kernel.meminfo = std::vector<KernelFigure>{
-      {"MemTotal", 16'108'452}, {"MemFree", 1'843'212},  {"MemAvailable", 8'921'640},
-      {"Buffers", 412'088},     {"Cached", 6'894'332},   {"SwapCached", 51'220},
-      {"SwapTotal", 8'388'604}, {"SwapFree", 7'864'316}, {"Shmem", 1'132'040}};
+  kernel.setMeminfo({{"MemTotal", 16'108'452},
+                     {"MemFree", 1'843'212},
+                     {"MemAvailable", 8'921'640},
+                     {"Buffers", 412'088},
+                     {"Cached", 6'894'332},
+                     {"SReclaimable", 598'212},
+                     {"Shmem", 1'132'040},
+                     {"SwapTotal", 8'388'604},
+                     {"SwapFree", 7'864'316},
+                     {"Zswap", 98'304},
+                     {"Zswapped", 262'144}});
+  kernel.gpu = {"/sys/class/drm/card0 (i915): no gpu_busy_percent (only amdgpu has one)",
+                "NVML: not asked, no NVIDIA display controller"};
+  kernel.temperature = {
+      "/sys/class/hwmon/hwmon1 (nvme): not read, each read costs a device command",
+      "/sys/class/thermal/thermal_zone3 (iwlwifi_1): not read, each read asks the Wi-Fi firmware"};
   kernel.rootFs = RootFilesystemFigures{4096, 66'053'021, 61'658'526, 20'689'802};
   kernel.energyAccess = EnergyCounterAccess::readable;
 }

@@ -86,5 +86,25 @@ TEST(EnergySection, AnImplausibleRateIsAFailureNotANumber) {
             std::string::npos);
 }
 
+TEST(EnergySection, LinuxListsTheZonesAfterAFailureOnly) {
+  AuditHarness failing(ReportFlavour::gnuLinux);
+  failing.platform.change([](FakeMachine& m) { m.energyAvailable = false; });
+  failing.kernel.energyAccess = EnergyCounterAccess::notPermitted;
+  failing.kernel.energy = {
+      "/sys/class/powercap/intel-rapl:0 (package-0): energy_uj unreadable (Permission denied)"};
+  EXPECT_EQ(failing.section(Audit::dumpEnergy),
+            "\n"
+            "┌─ PACKAGE POWER (powercap RAPL energy counters)\n"
+            "│  ❌ RAPL energy counters not readable (permission)\n"
+            "│  /sys/class/powercap/intel-rapl:0 (package-0): energy_uj unreadable (Permission "
+            "denied)\n"
+            "└─\n");
+
+  AuditHarness working(ReportFlavour::gnuLinux);
+  drawPower(working);
+  working.kernel.energy = {"/sys/class/powercap/intel-rapl:0 (package-0): energy_uj readable"};
+  EXPECT_EQ(working.section(Audit::dumpEnergy).find("intel-rapl"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace brimly

@@ -79,5 +79,37 @@ TEST(GpuSection, LinuxListsItsCardsAndTheCompareCommand) {
             "└─\n");
 }
 
+TEST(GpuSection, LinuxExplainsWhyThereIsNoFigure) {
+  AuditHarness harness(ReportFlavour::gnuLinux);
+  harness.platform.change(
+      [](FakeMachine& m) { m.accelerators = std::vector<std::optional<PropertyDict>>{}; });
+  harness.kernel.gpu = {"DRM cards: none under /sys/class/drm",
+                        "NVML: not asked, no NVIDIA display controller"};
+  EXPECT_EQ(harness.section(Audit::dumpGPU),
+            "\n┌─ GPU (amdgpu gpu_busy_percent / NVML utilisation)\n"
+            "│  ❌ no GPU busy figure (no amdgpu gpu_busy_percent, no NVML device)\n"
+            "│  DRM cards: none under /sys/class/drm\n"
+            "│  NVML: not asked, no NVIDIA display controller\n"
+            "└─\n");
+}
+
+TEST(GpuSection, LinuxNotesFollowTheServicesToo) {
+  AuditHarness harness(ReportFlavour::gnuLinux);
+  harness.kernel.gpu = {"/sys/class/drm/card1 (amdgpu): gpu_busy_percent 23%"};
+  const std::string text = harness.section(Audit::dumpGPU);
+  EXPECT_NE(text.find("│    Renderer Utilization %: 20\n"
+                      "│  /sys/class/drm/card1 (amdgpu): gpu_busy_percent 23%\n"
+                      "│  Compare: "),
+            std::string::npos)
+      << text;
+}
+
+TEST(GpuSection, MacOSNeverPrintsKernelNotes) {
+  AuditHarness harness(ReportFlavour::macOS);
+  harness.platform.change([](FakeMachine& m) { m.accelerators.reset(); });
+  harness.kernel.gpu = {"DRM cards: none under /sys/class/drm"};
+  EXPECT_EQ(harness.section(Audit::dumpGPU).find("DRM"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace brimly

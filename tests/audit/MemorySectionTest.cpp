@@ -18,10 +18,10 @@ FakeMachine linuxMachine() {
   return machine;
 }
 
-std::vector<KernelFigure> referenceMeminfo() {
-  return {{"MemTotal", 16'108'452}, {"MemFree", 1'843'212}, {"MemAvailable", 8'921'640},
-          {"Buffers", 412'088},     {"Cached", 6'894'332},  {"SwapCached", 51'220},
-          {"SwapTotal", 8'388'604}, {"SwapFree", 7'864'316}};
+std::vector<std::pair<std::string, std::optional<std::uint64_t>>> referenceMeminfo() {
+  return {{"MemTotal", 16'108'452}, {"MemAvailable", 8'921'640}, {"MemFree", 1'843'212},
+          {"Buffers", 412'088},     {"Cached", 6'894'332},       {"SwapTotal", 8'388'604},
+          {"SwapFree", 7'864'316}};
 }
 
 TEST(MemorySection, MacOSListsEachPageClassAndTheUsedSum) {
@@ -50,13 +50,13 @@ TEST(MemorySection, MacOSStatisticsFailureSaysFailed) {
 
 TEST(MemorySection, MacOSIgnoresKernelFiguresEvenWhenGiven) {
   AuditHarness harness(ReportFlavour::macOS);
-  harness.kernel.meminfo = referenceMeminfo();
+  harness.kernel.setMeminfo(referenceMeminfo());
   EXPECT_EQ(harness.section(Audit::dumpMemory).find("MemTotal"), std::string::npos);
 }
 
 TEST(MemorySection, LinuxQuotesMeminfoBesideBrimlysFigure) {
   AuditHarness harness(ReportFlavour::gnuLinux, linuxMachine());
-  harness.kernel.meminfo = referenceMeminfo();
+  harness.kernel.setMeminfo(referenceMeminfo());
   EXPECT_EQ(harness.section(Audit::dumpMemory),
             "\n"
             "┌─ MEMORY (/proc/meminfo)\n"
@@ -77,18 +77,19 @@ TEST(MemorySection, LinuxQuotesMeminfoBesideBrimlysFigure) {
 TEST(MemorySection, LinuxMarksAMissingMeminfoField) {
   AuditHarness harness(ReportFlavour::gnuLinux, linuxMachine());
   auto fields = referenceMeminfo();
-  fields.erase(fields.begin() + 2);  // an old kernel without MemAvailable
-  harness.kernel.meminfo = fields;
+  fields[1].second.reset();  // an old kernel without MemAvailable
+  harness.kernel.setMeminfo(fields);
   EXPECT_NE(harness.section(Audit::dumpMemory).find("│  MemAvailable:       ❌ missing\n"),
             std::string::npos);
 }
 
 TEST(MemorySection, LinuxUnreadableMeminfoSaysSoOnce) {
   AuditHarness harness(ReportFlavour::gnuLinux, linuxMachine());
-  harness.kernel.meminfo.reset();
+  harness.kernel.meminfoFigures.error = "Permission denied";
   harness.platform.change([](FakeMachine& m) { m.memory = MemoryReading{}; });
   EXPECT_EQ(harness.section(Audit::dumpMemory),
-            "\n┌─ MEMORY (/proc/meminfo)\n│  ❌ /proc/meminfo could not be read\n└─\n");
+            "\n┌─ MEMORY (/proc/meminfo)\n"
+            "│  ❌ /proc/meminfo could not be read (Permission denied)\n└─\n");
 }
 
 TEST(MemorySection, LinuxWithoutKernelFiguresPrintsBrimlysFiguresOnly) {

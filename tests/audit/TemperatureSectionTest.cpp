@@ -120,5 +120,23 @@ TEST(TemperatureSection, LinuxSaysPlainlyThatNoSensorCanBeRead) {
                 "└─\n");
 }
 
+TEST(TemperatureSection, LinuxListsSourcesLeftUnreadAfterTheTable) {
+  AuditHarness harness(ReportFlavour::gnuLinux);
+  harness.platform.change([](FakeMachine& m) {
+    m.temperatureSensors = {{"coretemp Package id 0", 58.0}};
+    m.sensorNaming = SensorNaming::linuxHwmon;
+  });
+  harness.kernel.temperature = {
+      "/sys/class/hwmon/hwmon1 (nvme): not read, each read costs a device command"};
+  const std::string text = harness.section(Audit::dumpTemperatureSensors);
+  EXPECT_NE(text.find(row("coretemp Package id 0", 29, "58.0", 4) +
+                      "│  ► Brimly's live reading (max of CPU sensors): 58.0 °C\n"
+                      "│  /sys/class/hwmon/hwmon1 (nvme): not read, each read costs a device "
+                      "command\n"
+                      "│  Compare: sensors"),
+            std::string::npos)
+      << text;
+}
+
 }  // namespace
 }  // namespace brimly

@@ -21,10 +21,11 @@ std::string expected(const std::string& name) {
   return text.str();
 }
 
-// Writes the report that a test produced next to the build, so that a difference can be read
-// with diff(1).
+// Writes the report that a test produced into the build tree, so that a difference can be read
+// with diff(1) against the expected file.
 void keep(const std::string& name, const std::string& text) {
-  std::ofstream(name + ".actual", std::ios::binary) << text;
+  std::ofstream(std::string(BRIMLY_AUDIT_ACTUAL_DIR) + "/" + name + ".actual", std::ios::binary)
+      << text;
 }
 
 std::string typicalReport(ReportFlavour flavour) {
@@ -48,7 +49,11 @@ std::string bareReport(ReportFlavour flavour) {
   machine.sensorNaming =
       flavour == ReportFlavour::macOS ? SensorNaming::appleSilicon : SensorNaming::linuxHwmon;
   AuditHarness harness(flavour, machine);
+  harness.kernel.gpu = {"DRM cards: none under /sys/class/drm",
+                        "NVML: not asked, no NVIDIA display controller"};
   harness.kernel.energyAccess = EnergyCounterAccess::notPermitted;
+  harness.kernel.energy = {
+      "/sys/class/powercap/intel-rapl:0 (package-0): energy_uj unreadable (Permission denied)"};
   int status = -1;
   std::string text = harness.report(&status);
   EXPECT_EQ(status, 0);

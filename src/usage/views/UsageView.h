@@ -27,6 +27,10 @@ class UsageView : public QWidget {
   Q_OBJECT
 
  public:
+  // The notch panel's grid: three cells to a row, each 172 points wide.
+  static constexpr int panelColumns = 3;
+  static constexpr double panelCellWidth = 172.0;
+
   static constexpr double barAnimationSeconds = 0.5;
   static constexpr double textTransitionSeconds = 0.25;
 

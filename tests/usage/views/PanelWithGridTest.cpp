@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QImage>
 
 #include "ReferenceImage.h"
@@ -87,6 +88,54 @@ TEST_F(PanelWithGridTest, GridReplacedInPlaceWhenTheOrderChanges) {
   EXPECT_EQ(grid->geometry().cells.size(), 1u);
   EXPECT_EQ(grid->pos(), QPoint(10, 40));
   EXPECT_EQ(grid->size(), grid->sizeHint());
+}
+
+// Counts the paint events a widget receives.
+class PaintCounter : public QObject {
+ public:
+  int paints = 0;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++paints;
+    return false;
+  }
+};
+
+TEST_F(PanelWithGridTest, ClosedPanelDoesNoWorkForNewSamples) {
+  state.setOpen(false);
+  for (int frame = 0; frame < 200 && view->isAnimating(); ++frame) {
+    now += 1.0 / 60.0;
+    view->frameTimer().tick();
+  }
+  view->show();
+  QCoreApplication::processEvents();
+  PaintCounter counter;
+  view->installEventFilter(&counter);
+  grid->installEventFilter(&counter);
+  MetricSample next = sample();
+  next.cpu = 0.91;
+  grid->setSample(next);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(counter.paints, 0);
+  EXPECT_FALSE(grid->isAnimating());
+  EXPECT_FALSE(view->isAnimating());
+  EXPECT_EQ(grid->shownBarValue(MetricKind::cpu), 0.91);  // ready when the panel opens
+}
+
+TEST_F(PanelWithGridTest, OpenPanelRepaintsOnlyWhenASampleArrives) {
+  view->show();
+  QCoreApplication::processEvents();
+  PaintCounter counter;
+  grid->installEventFilter(&counter);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(counter.paints, 0);
+  MetricSample next = sample();
+  next.cpu = 0.91;
+  grid->setSample(next);
+  EXPECT_TRUE(grid->isAnimating());  // the bar glides while the panel shows it
+  QCoreApplication::processEvents();
+  EXPECT_GE(counter.paints, 1);
 }
 
 TEST_F(PanelWithGridTest, MatchesTheReferenceRendering) {

@@ -1,0 +1,102 @@
+#include "usage/views/UsageViewBinding.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "FakeKeyValueStore.h"
+#include "FakePlatform.h"
+#include "ManualScheduler.h"
+#include "sampling/SystemMonitor.h"
+#include "settings/AppSettings.h"
+#include "usage/views/UsageView.h"
+
+namespace brimly {
+namespace {
+
+using testing::FakeMachine;
+using testing::FakePlatform;
+using testing::ManualScheduler;
+
+// Settings and a monitor that tell how many connections listen to their announcements.
+class ListenedSettings : public AppSettings {
+ public:
+  using AppSettings::AppSettings;
+  int listeners() const {
+    return receivers(SIGNAL(metricOrderChanged())) + receivers(SIGNAL(useFahrenheitChanged(bool)));
+  }
+};
+
+class ListenedMonitor : public SystemMonitor {
+ public:
+  using SystemMonitor::SystemMonitor;
+  int listeners() const { return receivers(SIGNAL(sampleApplied())); }
+};
+
+class UsageViewBindingTest : public ::testing::Test {
+ protected:
+  UsageViewBindingTest() {
+    monitor.start();
+    scheduler.advanceBy(0);  // the first sample
+  }
+
+  const MetricCellContent* cell(const UsageView& view, std::string_view label) const {
+    for (const auto& content : view.cells()) {
+      if (content.label == label) return &content;
+    }
+    return nullptr;
+  }
+
+  ManualScheduler scheduler;
+  FakePlatform platform{FakeMachine::typicalLaptop(), scheduler};
+  ListenedMonitor monitor{platform, scheduler};
+  FakeKeyValueStore store;
+  ListenedSettings settings{store};
+};
+
+TEST_F(UsageViewBindingTest, TakesTheCurrentStateAtOnce) {
+  settings.setMetricOrder({MetricKind::pwr, MetricKind::ram});
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings));
+  ASSERT_EQ(view->cells().size(), 2u);
+  EXPECT_EQ(view->cells()[0],
+            MetricCellContent::of(MetricKind::pwr, monitor.current(), settings.useFahrenheit()));
+  EXPECT_EQ(view->cells()[1].label, "RAM");
+}
+
+TEST_F(UsageViewBindingTest, PanelGridHasThreeColumnsOf172PointCells) {
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings));
+  ASSERT_EQ(view->geometry().cells.size(), 6u);
+  EXPECT_EQ(view->geometry().cells[0].frame.width, 172.0);
+  EXPECT_EQ(view->geometry().cells[2].frame.y, view->geometry().cells[0].frame.y);
+  EXPECT_GT(view->geometry().cells[3].frame.y, view->geometry().cells[0].frame.y);
+}
+
+TEST_F(UsageViewBindingTest, FollowsEveryAppliedSample) {
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings));
+  ASSERT_NE(cell(*view, "TEMP"), nullptr);
+  EXPECT_EQ(cell(*view, "TEMP")->primary, "51°C");
+  platform.change([](FakeMachine& machine) { machine.temperatureSensors[0].celsius = 70.4; });
+  scheduler.advanceBy(5.0);
+  EXPECT_EQ(cell(*view, "TEMP")->primary, "70°C");
+}
+
+TEST_F(UsageViewBindingTest, FollowsTheShownMetricsAndTheUnit) {
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings));
+  settings.setMetric(MetricKind::gpu, false);
+  EXPECT_EQ(view->cells().size(), 5u);
+  EXPECT_EQ(cell(*view, "GPU"), nullptr);
+  settings.setUseFahrenheit(true);
+  EXPECT_EQ(cell(*view, "TEMP")->primary, "124°F");
+}
+
+TEST_F(UsageViewBindingTest, AGridThatIsGoneIsNoLongerFed) {
+  auto view = std::unique_ptr<UsageView>(makePanelGrid(monitor, settings));
+  EXPECT_EQ(monitor.listeners(), 1);
+  EXPECT_EQ(settings.listeners(), 2);
+  view.reset();
+  EXPECT_EQ(monitor.listeners(), 0);
+  EXPECT_EQ(settings.listeners(), 0);
+}
+
+}  // namespace
+}  // namespace brimly
