@@ -1,7 +1,8 @@
 #include "app/PanelShapeMask.h"
 
+#include <QBitmap>
+#include <QPainter>
 #include <QPainterPath>
-#include <QPolygon>
 
 #include "panel/views/FrameTimer.h"
 #include "panel/views/NotchPainterPath.h"
@@ -30,7 +31,14 @@ void PanelShapeMask::update() {
   const Rect card = view->cardFrame();
   QPainterPath path = toPainterPath(RootView::outline.path(card));
   path.translate(card.x + view->x(), card.y + view->y());
-  QRegion region(path.toFillPolygon().toPolygon());
+  // Rasterised rather than flattened to a polygon, so the rounded corners keep their curve.
+  QBitmap bitmap(window_.size());
+  bitmap.fill(Qt::color0);
+  {
+    QPainter painter(&bitmap);
+    painter.fillPath(path, Qt::color1);
+  }
+  QRegion region(bitmap);
   // An empty mask would mean "no mask" to Qt: the whole window. Keep one pixel instead.
   if (region.isEmpty()) region = QRegion(0, 0, 1, 1);
   if (region == region_) return;

@@ -8,6 +8,8 @@
 # not swamped by screen grabs.
 #
 # usage: panel-e2e.sh <brimly executable> [screenshot folder]
+# With BRIMLY_E2E_COMPOSITOR=none the desktop runs without a compositing manager: the panel then
+# cannot be translucent and must be cut to the card's shape instead; the same checks hold.
 # Exit status 77 (a skip for CTest) only when Xvfb itself is not installed.
 set -uo pipefail
 
@@ -27,7 +29,9 @@ for tool in xdotool convert xsetroot xev python3; do
   command -v $tool >/dev/null 2>&1 || { echo "FAIL: $tool is missing (scripts/install-deps installs it)"; exit 1; }
 done
 compositor=()
-if command -v picom >/dev/null 2>&1; then
+if [ "${BRIMLY_E2E_COMPOSITOR:-}" = none ]; then
+  compositor=(true)
+elif command -v picom >/dev/null 2>&1; then
   compositor=(picom --backend xrender --no-fading-openclose --shadow-radius 0)
 elif command -v xcompmgr >/dev/null 2>&1; then
   compositor=(xcompmgr)
