@@ -9,6 +9,7 @@
 #include "panel/views/PanelWindow.h"
 #include "platform/KeyValueStore.h"
 #include "usage/views/UsageView.h"
+#include "usage/views/UsageViewBinding.h"
 
 namespace brimly {
 
@@ -56,23 +57,9 @@ void AppDelegate::recomputeNotch() {
   notchSize_ = placement_.notchSize;
 }
 
-QWidget* AppDelegate::makeGrid() {
-  auto* grid = new UsageView(gridColumns, gridCellWidth);
-  grid->setSample(monitor_.current());
-  grid->setMetricOrder(settings_.metricOrder());
-  grid->setUseFahrenheit(settings_.useFahrenheit());
-  // The grid is the context of each connection, so they end with it when the root view is
-  // rebuilt.
-  connect(&monitor_, &SystemMonitor::sampleApplied, grid,
-          [this, grid] { grid->setSample(monitor_.current()); });
-  connect(&settings_, &AppSettings::metricOrderChanged, grid,
-          [this, grid] { grid->setMetricOrder(settings_.metricOrder()); });
-  connect(&settings_, &AppSettings::useFahrenheitChanged, grid, &UsageView::setUseFahrenheit);
-  return grid;
-}
-
 void AppDelegate::buildWindow() {
-  window_ = std::make_unique<PanelWindow>(panelState_, notchSize_, [this] { return makeGrid(); });
+  window_ = std::make_unique<PanelWindow>(
+      panelState_, notchSize_, [this]() -> QWidget* { return makePanelGrid(monitor_, settings_); });
   window_->setWindowTitle("Brimly");
   window_->winId();  // the native window, so that the desktop's hints go on before it is shown
   desktop_.prepareOverlay(*window_);

@@ -17,7 +17,6 @@
 #include "settings/AppSettings.h"
 
 class QScreen;
-class QWidget;
 
 namespace brimly {
 
@@ -34,10 +33,6 @@ class AppDelegate : public QObject {
   Q_OBJECT
 
  public:
-  // The panel's metric grid: three cells to a row, each 172 points wide.
-  static constexpr int gridColumns = 3;
-  static constexpr double gridCellWidth = 172.0;
-
   // The readers of the system, the preferences store and the desktop integration; all three must
   // outlive the delegate.
   AppDelegate(const PlatformFactory& platform, KeyValueStore& defaults, DesktopIntegration& desktop,
@@ -63,7 +58,6 @@ class AppDelegate : public QObject {
  private:
   void recomputeNotch();
   void buildWindow();
-  QWidget* makeGrid();
   void buildStatusItem();
   void placePanel();
   void applyTrackerGeometry();
