@@ -27,7 +27,7 @@ class PropertyDict {
   void set(std::string key, PropertyValue value);
   const PropertyValue* find(std::string_view key) const;
   const std::vector<Entry>& entries() const { return entries_; }
-  bool empty() const { return entries_.empty(); }
+  bool empty() const;
 
   // Typed look-ups: absent when the key is missing or holds another type.
   std::optional<std::int64_t> integer(std::string_view key) const;
@@ -48,10 +48,10 @@ class PropertyValue {
  public:
   using Storage = std::variant<bool, std::int64_t, double, std::string, PropertyList, PropertyDict>;
 
-  PropertyValue(bool value) : storage_(value) {}                  // NOLINT: value-like
-  PropertyValue(int value) : storage_(std::int64_t{value}) {}     // NOLINT
-  PropertyValue(std::int64_t value) : storage_(value) {}          // NOLINT
-  PropertyValue(double value) : storage_(value) {}                // NOLINT
+  PropertyValue(bool value) : storage_(value) {}                      // NOLINT: value-like
+  PropertyValue(int value) : storage_(std::int64_t{value}) {}         // NOLINT
+  PropertyValue(std::int64_t value) : storage_(value) {}              // NOLINT
+  PropertyValue(double value) : storage_(value) {}                    // NOLINT
   PropertyValue(const char* value) : storage_(std::string(value)) {}  // NOLINT
   PropertyValue(std::string value) : storage_(std::move(value)) {}    // NOLINT
   PropertyValue(PropertyList value) : storage_(std::move(value)) {}   // NOLINT
@@ -69,6 +69,11 @@ class PropertyValue {
  private:
   Storage storage_;
 };
+
+// Defined here, where PropertyValue is complete: clang instantiates the entry type eagerly.
+inline bool PropertyDict::empty() const {
+  return entries_.empty();
+}
 
 // The plain textual form of a value, as a diagnostic listing prints it: integers in decimal,
 // floats in shortest round-trip form, Booleans as true/false, strings as they are, lists as

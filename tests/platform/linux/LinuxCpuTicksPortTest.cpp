@@ -71,5 +71,43 @@ TEST(LinuxCpuTicksPort, FollowsTheFileBetweenReadings) {
   EXPECT_EQ(b.idle - a.idle, 252u);
 }
 
+TEST(LinuxCpuTicksPort, ACounterThatStepsBackKeepsItsPreviousValue) {
+  testing::TemporaryTree tree;
+  LinuxCpuTicksPort port(std::make_shared<RootedFileSystem>(tree.root()));
+  tree.write("proc/stat", "cpu  100 0 50 1000 40 0 0 0 0 0\n");
+  const CpuTicks a = *port.readCpuTicks();
+  // iowait fell by 30 while idle rose by 10: idle + iowait went back by 20.
+  tree.write("proc/stat", "cpu  110 0 55 1010 10 0 0 0 0 0\n");
+  const CpuTicks b = *port.readCpuTicks();
+  EXPECT_EQ(b.idle, a.idle);
+  EXPECT_EQ(b.user, 110u);
+  EXPECT_EQ(b.system, 55u);
+  // Once the counter is past its old value again, it moves on.
+  tree.write("proc/stat", "cpu  120 0 60 1100 10 0 0 0 0 0\n");
+  EXPECT_EQ(port.readCpuTicks()->idle, 1110u);
+}
+
+TEST(LinuxCpuTicksPort, ACounterThatWrapsPast32BitsStillMovesOn) {
+  testing::TemporaryTree tree;
+  LinuxCpuTicksPort port(std::make_shared<RootedFileSystem>(tree.root()));
+  tree.write("proc/stat", "cpu  4294967290 0 0 100 0 0 0 0 0 0\n");
+  const CpuTicks a = *port.readCpuTicks();
+  tree.write("proc/stat", "cpu  4294967300 0 0 200 0 0 0 0 0 0\n");
+  const CpuTicks b = *port.readCpuTicks();
+  EXPECT_EQ(b.user, 4u);
+  EXPECT_EQ(static_cast<std::uint32_t>(b.user - a.user), 10u);
+}
+
+TEST(LinuxCpuTicksPort, AFailedReadingDoesNotDisturbTheNextOne) {
+  testing::TemporaryTree tree;
+  LinuxCpuTicksPort port(std::make_shared<RootedFileSystem>(tree.root()));
+  tree.write("proc/stat", "cpu  100 0 50 1000 0 0 0 0 0 0\n");
+  port.readCpuTicks();
+  tree.write("proc/stat", "garbage");
+  EXPECT_EQ(port.readCpuTicks(), std::nullopt);
+  tree.write("proc/stat", "cpu  200 0 60 1100 0 0 0 0 0 0\n");
+  EXPECT_EQ(port.readCpuTicks(), (CpuTicks{200, 60, 1100, 0}));
+}
+
 }  // namespace
 }  // namespace brimly

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QObject>
+#include <memory>
+#include <optional>
+
+#include "app/QtScreenPort.h"
+#include "core/Geometry.h"
+#include "panel/MouseTracker.h"
+#include "panel/NotchGeometry.h"
+#include "panel/PanelLaunch.h"
+#include "panel/PanelState.h"
+#include "panel/ProximityController.h"
+#include "platform/qt/QtMainScheduler.h"
+#include "platform/qt/QtSamplingQueue.h"
+#include "sampling/SystemMonitor.h"
+#include "settings/AppSettings.h"
+
+class QScreen;
+
+namespace brimly {
+
+class DesktopIntegration;
+class KeyValueStore;
+class PanelWindow;
+class PlatformFactory;
+
+// The spine of the interactive program: owns every long-lived object of the notch panel for the
+// life of the process, brings them up in order at launch, follows screen changes, and takes them
+// down at termination. Every decision (geometry, proximity, sampling rate) belongs to the objects
+// it owns; this class only wires them to Qt and to the desktop. Main thread only.
+class AppDelegate : public QObject {
+  Q_OBJECT
+
+ public:
+  // The readers of the system, the preferences store and the desktop integration; all three must
+  // outlive the delegate.
+  AppDelegate(const PlatformFactory& platform, KeyValueStore& defaults, DesktopIntegration& desktop,
+              QObject* parent = nullptr);
+  ~AppDelegate() override;
+
+  // Builds and shows the panel, starts sampling and the pointer tracker, observes the screens.
+  void applicationDidFinishLaunching();
+  // Stops sampling and pointer tracking.
+  void applicationWillTerminate();
+  // Re-measures the notch, rebuilds the root view for it, re-aims the tracker and re-places the
+  // panel. Screen signals arrive in bursts, so they ask for this once, after the burst.
+  void screenParamsChanged();
+
+  SystemMonitor& monitor() { return monitor_; }
+  const MouseTracker& tracker() const { return tracker_; }
+  PanelState& panelState() { return panelState_; }
+  AppSettings& settings() { return settings_; }
+  ProximityController& proximity() { return proximity_; }
+  PanelWindow* window() const { return window_.get(); }
+  Size notchSize() const { return notchSize_; }
+
+ private:
+  void recomputeNotch();
+  void buildWindow();
+  void buildStatusItem();
+  void placePanel();
+  void applyTrackerGeometry();
+  void observeScreenChanges();
+  void observeScreen(QScreen* screen);
+  void queueScreenParamsChanged();
+
+  DesktopIntegration& desktop_;
+  QtSamplingQueue samplingQueue_;
+  QtMainScheduler scheduler_;
+  QtScreenPort screens_;
+
+  // The long-lived models, made in this order.
+  SystemMonitor monitor_;
+  MouseTracker tracker_;
+  PanelState panelState_;
+  AppSettings settings_;
+
+  ProximityController proximity_;
+  PanelLaunch launch_;
+  Size notchSize_ = NotchGeometry::initialNotchSize;
+  NotchPlacement placement_;
+  std::unique_ptr<PanelWindow> window_;
+  bool screenChangeQueued_ = false;
+  bool terminated_ = false;
+};
+
+}  // namespace brimly

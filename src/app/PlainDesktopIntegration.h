@@ -1,0 +1,26 @@
+#pragma once
+
+#include "app/DesktopIntegration.h"
+#include "app/UnwatchedPointerPort.h"
+
+namespace brimly {
+
+// The panel on a desktop Brimly cannot reach below Qt (a native Wayland session, or a headless
+// platform chosen on purpose): Qt's window flags are all the overlay gets, and the pointer is not
+// followed, so the panel opens only when pinned.
+class PlainDesktopIntegration final : public DesktopIntegration {
+ public:
+  // `tellAboutHover`: print the notice that hovering is off (not on headless platforms).
+  explicit PlainDesktopIntegration(bool tellAboutHover) : tellAboutHover_(tellAboutHover) {}
+
+  PointerPort& pointer() override { return pointer_; }
+  void prepareOverlay(PanelWindow&) override {}
+  void rootViewReplaced(PanelWindow&) override {}
+  std::optional<std::string> hoverNotice() const override;
+
+ private:
+  bool tellAboutHover_;
+  UnwatchedPointerPort pointer_;
+};
+
+}  // namespace brimly

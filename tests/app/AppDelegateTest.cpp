@@ -1,0 +1,189 @@
+#include "app/AppDelegate.h"
+
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QTest>
+
+#include "FakeKeyValueStore.h"
+#include "FakePlatform.h"
+#include "app/DesktopIntegration.h"
+#include "panel/FakePointerPort.h"
+#include "panel/views/PanelWindow.h"
+#include "panel/views/RootView.h"
+#include "usage/MetricCellContent.h"
+#include "usage/views/UsageView.h"
+
+namespace brimly {
+namespace {
+
+using testing::FakePlatform;
+using testing::FakePointerPort;
+
+// Qt's offscreen platform has one screen that reserves no top bar, so the notch is the fallback
+// 200 x 32 and the 600 x 148 panel hangs from the middle of its top edge.
+QRect screenGeometry() {
+  return QGuiApplication::primaryScreen()->geometry();
+}
+QRect panelGeometry() {
+  return QRect(screenGeometry().center().x() + 1 - 300, 0, 600, 148);
+}
+double screenTop() {
+  return screenGeometry().height();
+}
+double screenMiddle() {
+  return screenGeometry().width() / 2.0;
+}
+
+class FakeDesktop final : public DesktopIntegration {
+ public:
+  PointerPort& pointer() override { return pointer_; }
+  void prepareOverlay(PanelWindow& window) override {
+    ++prepareCalls;
+    hadNativeWindowWhenPrepared = window.internalWinId() != 0;
+    wasVisibleWhenPrepared = window.isVisible();
+  }
+  void rootViewReplaced(PanelWindow&) override { ++rootViewReplacements; }
+  std::optional<std::string> hoverNotice() const override {
+    ++noticeRequests;
+    return std::nullopt;
+  }
+
+  FakePointerPort pointer_;
+  int prepareCalls = 0;
+  bool hadNativeWindowWhenPrepared = false;
+  bool wasVisibleWhenPrepared = true;
+  int rootViewReplacements = 0;
+  mutable int noticeRequests = 0;
+};
+
+class AppDelegateTest : public ::testing::Test {
+ protected:
+  AppDelegate& launch() {
+    delegate_ = std::make_unique<AppDelegate>(platform_, defaults_, desktop_);
+    delegate_->applicationDidFinishLaunching();
+    return *delegate_;
+  }
+  UsageView* grid() const {
+    return qobject_cast<UsageView*>(delegate_->window()->rootView()->grid());
+  }
+
+  FakePlatform platform_;
+  FakeKeyValueStore defaults_;
+  FakeDesktop desktop_;
+  std::unique_ptr<AppDelegate> delegate_;
+};
+
+TEST_F(AppDelegateTest, LaunchShowsTheClosedPanelAtTheTopCentreOfTheScreen) {
+  AppDelegate& delegate = launch();
+  ASSERT_NE(delegate.window(), nullptr);
+  EXPECT_TRUE(delegate.window()->isVisible());
+  EXPECT_EQ(delegate.window()->geometry(), panelGeometry());
+  EXPECT_EQ(delegate.notchSize(), (Size{200, 32}));
+  EXPECT_FALSE(delegate.panelState().isOpen());
+}
+
+TEST_F(AppDelegateTest, DesktopHintsGoOnTheNativeWindowBeforeItIsShown) {
+  launch();
+  EXPECT_EQ(desktop_.prepareCalls, 1);
+  EXPECT_TRUE(desktop_.hadNativeWindowWhenPrepared);
+  EXPECT_FALSE(desktop_.wasVisibleWhenPrepared);
+}
+
+TEST_F(AppDelegateTest, LaunchSamplesAtTheClosedRate) {
+  AppDelegate& delegate = launch();
+  EXPECT_TRUE(delegate.monitor().hasTimer());
+  EXPECT_EQ(delegate.monitor().timerInterval(), 5.0);
+  EXPECT_FALSE(delegate.monitor().panelOpen());
+}
+
+TEST_F(AppDelegateTest, PersistedPinOpensThePanelFromTheStartAtTheOpenRate) {
+  defaults_.values["isPinned"] = true;
+  AppDelegate& delegate = launch();
+  EXPECT_TRUE(delegate.panelState().isOpen());
+  EXPECT_TRUE(delegate.monitor().panelOpen());
+  EXPECT_EQ(delegate.monitor().timerInterval(), 1.0);
+  EXPECT_TRUE(delegate.proximity().isPinned());
+}
+
+TEST_F(AppDelegateTest, TrackerWatchesThePointerAroundTheMeasuredNotch) {
+  AppDelegate& delegate = launch();
+  EXPECT_TRUE(desktop_.pointer_.isWatching());
+  const TrackerGeometry& geometry = delegate.tracker().geometry();
+  EXPECT_EQ(geometry.screenFrame, (Rect{0, 0, static_cast<double>(screenGeometry().width()),
+                                        static_cast<double>(screenGeometry().height())}));
+  EXPECT_EQ(geometry.triggerWidthHidden, 220.0);
+  EXPECT_EQ(geometry.triggerWidthShown, 616.0);
+  EXPECT_EQ(geometry.triggerHeightHidden, 32.0);
+  EXPECT_EQ(geometry.triggerHeightShown, 162.0);
+}
+
+TEST_F(AppDelegateTest, PointerReachingTheNotchOpensThePanelAndSpeedsUpSampling) {
+  AppDelegate& delegate = launch();
+  desktop_.pointer_.moveTo(Point{screenMiddle(), screenTop() - 5});
+  EXPECT_TRUE(delegate.panelState().isOpen());
+  EXPECT_TRUE(delegate.monitor().panelOpen());
+  EXPECT_EQ(delegate.monitor().timerInterval(), 1.0);
+}
+
+TEST_F(AppDelegateTest, PointerLeavingClosesThePanelAfterTheGracePeriod) {
+  AppDelegate& delegate = launch();
+  desktop_.pointer_.moveTo(Point{screenMiddle(), screenTop() - 5});
+  desktop_.pointer_.moveTo(Point{screenMiddle(), 100});
+  EXPECT_TRUE(delegate.panelState().isOpen());  // the grace period runs on the main loop
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !delegate.panelState().isOpen(); }, 5000));
+  EXPECT_EQ(delegate.monitor().timerInterval(), 5.0);
+}
+
+TEST_F(AppDelegateTest, HoverNoticeIsAskedForOnceAtLaunch) {
+  launch();
+  EXPECT_EQ(desktop_.noticeRequests, 1);
+}
+
+TEST_F(AppDelegateTest, GridShowsTheMonitorsSamplesInTheSettingsOrder) {
+  AppDelegate& delegate = launch();
+  ASSERT_NE(grid(), nullptr);
+  bool applied = false;
+  QObject::connect(&delegate.monitor(), &SystemMonitor::sampleApplied, [&] { applied = true; });
+  ASSERT_TRUE(QTest::qWaitFor([&] { return applied; }, 5000));
+
+  const std::vector<MetricKind>& order = delegate.settings().metricOrder();
+  ASSERT_EQ(grid()->cells().size(), order.size());
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    EXPECT_EQ(grid()->cells()[i],
+              MetricCellContent::of(order[i], delegate.monitor().current(), false));
+  }
+}
+
+TEST_F(AppDelegateTest, GridFollowsChangesOfTheShownMetrics) {
+  AppDelegate& delegate = launch();
+  delegate.settings().setMetricOrder({MetricKind::ram, MetricKind::cpu});
+  ASSERT_EQ(grid()->cells().size(), 2u);
+  EXPECT_EQ(grid()->cells()[0].label, "RAM");
+  EXPECT_EQ(grid()->cells()[1].label, "CPU");
+}
+
+TEST_F(AppDelegateTest, ScreenChangeRebuildsTheRootViewAndReplacesThePanel) {
+  AppDelegate& delegate = launch();
+  const RootView* before = delegate.window()->rootView();
+  delegate.screenParamsChanged();
+  EXPECT_NE(delegate.window()->rootView(), before);
+  EXPECT_EQ(desktop_.rootViewReplacements, 1);
+  EXPECT_EQ(delegate.window()->geometry(), panelGeometry());
+  EXPECT_NE(grid(), nullptr);
+}
+
+TEST_F(AppDelegateTest, TerminationStopsSamplingAndPointerTracking) {
+  AppDelegate& delegate = launch();
+  delegate.applicationWillTerminate();
+  EXPECT_FALSE(delegate.monitor().hasTimer());
+  EXPECT_FALSE(desktop_.pointer_.isWatching());
+  EXPECT_FALSE(delegate.tracker().isWatching());
+  // A second termination notice changes nothing.
+  delegate.applicationWillTerminate();
+  EXPECT_FALSE(delegate.monitor().hasTimer());
+}
+
+}  // namespace
+}  // namespace brimly

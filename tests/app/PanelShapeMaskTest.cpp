@@ -1,0 +1,74 @@
+#include "app/PanelShapeMask.h"
+
+#include <gtest/gtest.h>
+
+#include "panel/PanelState.h"
+#include "panel/views/PanelWindow.h"
+#include "panel/views/RootView.h"
+
+namespace brimly {
+namespace {
+
+// The panel for a 200 x 32 notch is 600 x 148; the closed card covers the notch at its top centre.
+class PanelShapeMaskTest : public ::testing::Test {
+ protected:
+  void SetUp() override { useManualClock(); }
+  void useManualClock() {
+    window_.rootView()->frameTimer().setClock([this] { return now_; });
+  }
+  // Lets the animation run to its end and delivers one frame.
+  void settle() {
+    now_ += 5.0;
+    window_.rootView()->frameTimer().tick();
+  }
+
+  double now_ = 100.0;
+  PanelState state_;
+  PanelWindow window_{state_, Size{200, 32}};
+};
+
+TEST_F(PanelShapeMaskTest, ClosedPanelIsCutToTheNotchOutline) {
+  PanelShapeMask mask(window_);
+  EXPECT_EQ(mask.region().boundingRect(), QRect(200, 0, 200, 32));
+  EXPECT_EQ(window_.mask(), mask.region());
+  EXPECT_TRUE(mask.region().contains(QPoint(300, 16)));
+}
+
+TEST_F(PanelShapeMaskTest, RoundedLowerCornersAreCutAway) {
+  PanelShapeMask mask(window_);
+  EXPECT_FALSE(mask.region().contains(QPoint(200, 31)));
+  EXPECT_FALSE(mask.region().contains(QPoint(399, 31)));
+  EXPECT_TRUE(mask.region().contains(QPoint(230, 31)));
+}
+
+TEST_F(PanelShapeMaskTest, OpenedPanelIsCutToTheFullCard) {
+  PanelShapeMask mask(window_);
+  state_.setOpen(true);
+  settle();
+  EXPECT_EQ(mask.region().boundingRect(), QRect(0, 0, 600, 148));
+  EXPECT_FALSE(mask.region().contains(QPoint(0, 147)));
+  EXPECT_TRUE(mask.region().contains(QPoint(300, 140)));
+}
+
+TEST_F(PanelShapeMaskTest, MidAnimationTheMaskFollowsTheMovingCard) {
+  PanelShapeMask mask(window_);
+  state_.setOpen(true);
+  now_ += 0.1;
+  window_.rootView()->frameTimer().tick();
+  const QRect between = mask.region().boundingRect();
+  EXPECT_GT(between.width(), 200);
+  EXPECT_LT(between.width(), 600);
+}
+
+TEST_F(PanelShapeMaskTest, RebuiltRootViewIsFollowedAfterwards) {
+  PanelShapeMask mask(window_);
+  window_.rebuildRootView(Size{200, 32});
+  useManualClock();
+  mask.follow();
+  state_.setOpen(true);
+  settle();
+  EXPECT_EQ(mask.region().boundingRect(), QRect(0, 0, 600, 148));
+}
+
+}  // namespace
+}  // namespace brimly

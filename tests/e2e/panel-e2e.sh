@@ -1,0 +1,169 @@
+#!/usr/bin/env bash
+# The whole application on a virtual X11 desktop with a compositing manager: it starts with an
+# empty settings store, shows the closed outline at the top centre, opens into the black card when
+# the pointer reaches the notch, lets a click on the card through to the window beneath, closes
+# again when the pointer leaves, and a second copy started meanwhile leaves at once with status 0.
+#
+# The screen is read straight from Xvfb's framebuffer file (framebuffer.py), so that timings are
+# not swamped by screen grabs.
+#
+# usage: panel-e2e.sh <brimly executable> [screenshot folder]
+# With BRIMLY_E2E_COMPOSITOR=none the desktop runs without a compositing manager: the panel then
+# cannot be translucent and must be cut to the card's shape instead; the same checks hold.
+# Exit status 77 (a skip for CTest) only when Xvfb itself is not installed.
+set -uo pipefail
+
+app=$1
+shots=${2:-}
+here=$(cd "$(dirname "$0")" && pwd)
+fbtool="$here/framebuffer.py"
+width=1512
+height=982
+skip=77
+
+if ! command -v Xvfb >/dev/null 2>&1; then
+  echo "SKIPPED: Xvfb is not installed (scripts/install-deps installs it)"
+  exit $skip
+fi
+for tool in xdotool convert xsetroot xev python3; do
+  command -v $tool >/dev/null 2>&1 || { echo "FAIL: $tool is missing (scripts/install-deps installs it)"; exit 1; }
+done
+compositor=()
+if [ "${BRIMLY_E2E_COMPOSITOR:-}" = none ]; then
+  compositor=(true)
+elif command -v picom >/dev/null 2>&1; then
+  compositor=(picom --backend xrender --no-fading-openclose --shadow-radius 0)
+elif command -v xcompmgr >/dev/null 2>&1; then
+  compositor=(xcompmgr)
+else
+  echo "FAIL: no compositing manager (picom or xcompmgr) is installed"
+  exit 1
+fi
+
+work=$(mktemp -d)
+pids=()
+cleanup() {
+  for ((i = ${#pids[@]} - 1; i >= 0; i--)); do kill "${pids[i]}" 2>/dev/null; wait "${pids[i]}" 2>/dev/null; done
+  rm -rf "$work"
+}
+trap cleanup EXIT
+
+failures=0
+check() {  # check <description> <command…>
+  local description=$1
+  shift
+  if "$@"; then echo "ok    $description"; else echo "FAIL  $description"; failures=$((failures + 1)); fi
+}
+now() { date +%s.%N; }
+elapsed() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", b - a }'; }
+
+# --- the desktop ---------------------------------------------------------------------------------
+mkdir "$work/fb"
+Xvfb -displayfd 3 -nolisten tcp -noreset -fbdir "$work/fb" -screen 0 ${width}x${height}x24 \
+  3>"$work/display" 2>"$work/xvfb.log" &
+pids+=($!)
+for _ in $(seq 200); do [ -s "$work/display" ] && break; sleep 0.05; done
+[ -s "$work/display" ] || { echo "FAIL: Xvfb did not start"; cat "$work/xvfb.log"; exit 1; }
+export DISPLAY=":$(head -n1 "$work/display")"
+unset WAYLAND_DISPLAY XDG_SESSION_TYPE QT_QPA_PLATFORM
+fb="$work/fb/Xvfb_screen0"
+xsetroot -solid '#3a6ea5'
+"${compositor[@]}" >"$work/compositor.log" 2>&1 &
+pids+=($!)
+sleep 1
+
+# An empty settings store and a private runtime directory for the single-instance lock.
+export XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/runtime"
+mkdir -p "$XDG_CONFIG_HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
+
+# The pointer starts well below the notch. A warp makes no raw motion event; every later move is
+# a relative one through XTEST, which does, as a real mouse would.
+xdotool mousemove $((width / 2)) 500
+
+# --- reading the screen --------------------------------------------------------------------------
+region="$((width / 2 - 350)) 0 700 200"  # the top-centre strip where the panel lives
+black_box() { "$fbtool" box "$fb" $region; }
+pixel() { "$fbtool" pixel "$fb" "$1" "$2"; }
+# Starts waiting in the background for the strip's black box to become $1 (at most $2 seconds);
+# the time it was first seen lands in $3.
+watch_for() { "$fbtool" wait "$fb" $region "$1" "$2" >"$3" 2>"$3.err" & }
+screenshot() { convert "xwd:$fb" -crop "700x200+$((width / 2 - 350))+0" +repage "$1"; }
+
+desktop=$(pixel $((width / 2)) 100)  # what shows where nothing covers it
+closed_box="200x32+$((width / 2 - 100))+0"
+open_box="600x148+$((width / 2 - 300))+0"
+
+# --- start ---------------------------------------------------------------------------------------
+watch_for "$closed_box" 20 "$work/t-closed"
+watcher=$!
+started=$(now)
+"$app" >"$work/brimly.out" 2>"$work/brimly.err" &
+app_pid=$!
+pids+=($app_pid)
+check "the closed outline (200 x 32) appears at the top centre" wait $watcher
+echo "      on screen $(elapsed "$started" "$(cat "$work/t-closed")") s after start; black box $(black_box)"
+check "below the closed outline the desktop shows through" test "$(pixel 756 60)" = "$desktop"
+screenshot "$work/closed.png"
+
+# --- open ----------------------------------------------------------------------------------------
+watch_for "$open_box" 10 "$work/t-open"
+watcher=$!
+entered=$(now)
+xdotool mousemove_relative -- 0 -490
+check "the pointer is in the notch zone" test "$(xdotool getmouselocation | sed 's/.*y:\([0-9]*\).*/\1/')" = 10
+check "the card opens to 600 x 148 at the top centre" wait $watcher
+echo "      open $(elapsed "$entered" "$(cat "$work/t-open")") s after the pointer entered; black box $(black_box)"
+sleep 0.5  # let the grid's fade-in finish for the picture
+# Corners outside the rounded card show the desktop (a transparent window), not black.
+check "bottom-left corner of the card is transparent" test "$(pixel 456 147)" = "$desktop"
+check "bottom-right corner of the card is transparent" test "$(pixel 1055 147)" = "$desktop"
+check "the window's edge beside the card is transparent" test "$(pixel 450 20)" = "$desktop"
+screenshot "$work/open.png"
+
+# A window that reports its clicks, put under the open card (the panel is raised over it): a click
+# on the card must reach it.
+xev -geometry 120x80+696+40 -event button >"$work/xev.log" 2>&1 &
+xev_pid=$!
+pids+=($xev_pid)
+for _ in $(seq 100); do xdotool search --onlyvisible --name '^Event Tester$' >/dev/null 2>&1 && break; sleep 0.05; done
+for window in $(xdotool search --onlyvisible --name '^Brimly$'); do xdotool windowraise "$window"; done
+xdotool mousemove_relative -- 0 60  # still over the open card
+xdotool click 1
+sleep 0.5
+check "a click on the open card reaches the window beneath it" grep -q ButtonPress "$work/xev.log"
+kill $xev_pid; wait $xev_pid 2>/dev/null
+xdotool mousemove_relative -- 0 -60
+sleep 0.2
+check "the card stays open after the click" test "$(black_box)" = "$open_box"
+
+# --- close ---------------------------------------------------------------------------------------
+watch_for "$closed_box" 10 "$work/t-closed-again"
+watcher=$!
+left=$(now)
+xdotool mousemove_relative -- 0 500
+check "the card shrinks back to the closed outline once the pointer leaves" wait $watcher
+close_time=$(elapsed "$left" "$(cat "$work/t-closed-again")")
+echo "      closed ${close_time} s after the pointer left (0.4 s grace, then the spring)"
+check "closing took at most 2 s" awk -v t="$close_time" 'BEGIN { exit !(t <= 2) }'
+
+# --- a second instance ---------------------------------------------------------------------------
+second_started=$(now)
+timeout 10 "$app" >"$work/second.out" 2>"$work/second.err"
+second_status=$?
+check "a second instance exits with status 0" test "$second_status" = 0
+echo "      second instance gone after $(elapsed "$second_started" "$(now)") s"
+check "a second instance prints nothing" test ! -s "$work/second.out" -a ! -s "$work/second.err"
+check "the first instance still runs" kill -0 "$app_pid"
+check "the panel is still on screen" test "$(black_box)" = "$closed_box"
+
+if [ -n "$shots" ]; then
+  mkdir -p "$shots"
+  cp "$work/closed.png" "$shots/panel-closed.png"
+  cp "$work/open.png" "$shots/panel-open.png"
+fi
+if [ -s "$work/brimly.err" ]; then
+  echo "      brimly wrote on stderr:"
+  sed 's/^/      | /' "$work/brimly.err"
+fi
+[ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
+exit $((failures > 0))
