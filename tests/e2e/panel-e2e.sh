@@ -25,7 +25,7 @@ if ! command -v Xvfb >/dev/null 2>&1; then
   echo "SKIPPED: Xvfb is not installed (scripts/install-deps installs it)"
   exit $skip
 fi
-for tool in xdotool convert xsetroot xev python3; do
+for tool in xdotool convert xsetroot xev xprop python3; do
   command -v $tool >/dev/null 2>&1 || { echo "FAIL: $tool is missing (scripts/install-deps installs it)"; exit 1; }
 done
 compositor=()
@@ -104,6 +104,15 @@ check "the closed outline (200 x 32) appears at the top centre" wait $watcher
 echo "      on screen $(elapsed "$started" "$(cat "$work/t-closed")") s after start; black box $(black_box)"
 check "below the closed outline the desktop shows through" test "$(pixel 756 60)" = "$desktop"
 screenshot "$work/closed.png"
+
+# What the window manager is told: a dock, above the rest, on every desktop, in no task bar.
+panel_window=$(xdotool search --onlyvisible --name '^Brimly$' | head -n1)
+hints=$(xprop -id "$panel_window" _NET_WM_WINDOW_TYPE _NET_WM_STATE _NET_WM_DESKTOP 2>&1)
+check "the panel is a dock window" grep -q '_NET_WM_WINDOW_TYPE(ATOM) = _NET_WM_WINDOW_TYPE_DOCK' <<<"$hints"
+for state in ABOVE STICKY SKIP_TASKBAR SKIP_PAGER; do
+  check "the panel's state includes $state" grep -q "_NET_WM_STATE_$state" <<<"$hints"
+done
+check "the panel is on every desktop" grep -q '_NET_WM_DESKTOP(CARDINAL) = 4294967295' <<<"$hints"
 
 # --- open ----------------------------------------------------------------------------------------
 watch_for "$open_box" 10 "$work/t-open"
