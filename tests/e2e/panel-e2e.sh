@@ -25,7 +25,7 @@ if ! command -v Xvfb >/dev/null 2>&1; then
   echo "SKIPPED: Xvfb is not installed (scripts/install-deps installs it)"
   exit $skip
 fi
-for tool in xdotool convert xsetroot xev python3; do
+for tool in xdotool convert xsetroot xev xprop python3; do
   command -v $tool >/dev/null 2>&1 || { echo "FAIL: $tool is missing (scripts/install-deps installs it)"; exit 1; }
 done
 compositor=()
@@ -81,7 +81,7 @@ mkdir -p "$XDG_CONFIG_HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
 xdotool mousemove $((width / 2)) 500
 
 # --- reading the screen --------------------------------------------------------------------------
-region="$((width / 2 - 350)) 0 700 200"  # the top-centre strip where the panel lives
+region="0 0 $width 200"  # the top strip of the screen, where the panel lives
 black_box() { "$fbtool" box "$fb" $region; }
 pixel() { "$fbtool" pixel "$fb" "$1" "$2"; }
 # Starts waiting in the background for the strip's black box to become $1 (at most $2 seconds);
@@ -104,6 +104,15 @@ check "the closed outline (200 x 32) appears at the top centre" wait $watcher
 echo "      on screen $(elapsed "$started" "$(cat "$work/t-closed")") s after start; black box $(black_box)"
 check "below the closed outline the desktop shows through" test "$(pixel 756 60)" = "$desktop"
 screenshot "$work/closed.png"
+
+# What the window manager is told: a dock, above the rest, on every desktop, in no task bar.
+panel_window=$(xdotool search --onlyvisible --name '^Brimly$' | head -n1)
+hints=$(xprop -id "$panel_window" _NET_WM_WINDOW_TYPE _NET_WM_STATE _NET_WM_DESKTOP 2>&1)
+check "the panel is a dock window" grep -q '_NET_WM_WINDOW_TYPE(ATOM) = _NET_WM_WINDOW_TYPE_DOCK' <<<"$hints"
+for state in ABOVE STICKY SKIP_TASKBAR SKIP_PAGER; do
+  check "the panel's state includes $state" grep -q "_NET_WM_STATE_$state" <<<"$hints"
+done
+check "the panel is on every desktop" grep -q '_NET_WM_DESKTOP(CARDINAL) = 4294967295' <<<"$hints"
 
 # --- open ----------------------------------------------------------------------------------------
 watch_for "$open_box" 10 "$work/t-open"
@@ -143,8 +152,9 @@ left=$(now)
 xdotool mousemove_relative -- 0 500
 check "the card shrinks back to the closed outline once the pointer leaves" wait $watcher
 close_time=$(elapsed "$left" "$(cat "$work/t-closed-again")")
+# 0.4 s of grace, then the spring settles in well under a second; a loaded machine delays frames.
 echo "      closed ${close_time} s after the pointer left (0.4 s grace, then the spring)"
-check "closing took at most 2 s" awk -v t="$close_time" 'BEGIN { exit !(t <= 2) }'
+check "closing took at most 2.5 s" awk -v t="$close_time" 'BEGIN { exit !(t <= 2.5) }'
 
 # --- a second instance ---------------------------------------------------------------------------
 second_started=$(now)
@@ -155,6 +165,22 @@ echo "      second instance gone after $(elapsed "$second_started" "$(now)") s"
 check "a second instance prints nothing" test ! -s "$work/second.out" -a ! -s "$work/second.err"
 check "the first instance still runs" kill -0 "$app_pid"
 check "the panel is still on screen" test "$(black_box)" = "$closed_box"
+
+# --- the screen changes --------------------------------------------------------------------------
+if command -v xrandr >/dev/null 2>&1; then
+  watch_for "200x32+540+0" 10 "$work/t-resized"
+  watcher=$!
+  xrandr --newmode 1280x800 0 1280 0 0 0 800 0 0 0 2>/dev/null
+  xrandr --addmode screen 1280x800 && xrandr --output screen --mode 1280x800
+  check "after the screen shrinks to 1280 x 800 the outline is centred on it again" wait $watcher
+  watch_for "600x148+340+0" 10 "$work/t-resized-open"
+  watcher=$!
+  xdotool mousemove 640 500
+  xdotool mousemove_relative -- 0 -490
+  check "the card opens centred on the smaller screen" wait $watcher
+else
+  echo "      (xrandr is missing: the screen change is not tried)"
+fi
 
 if [ -n "$shots" ]; then
   mkdir -p "$shots"
