@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "app/DesktopIntegration.h"
+#include "app/QtScreenPort.h"
 #include "panel/views/PanelWindow.h"
 #include "platform/KeyValueStore.h"
 #include "usage/views/UsageView.h"
@@ -17,6 +18,7 @@ AppDelegate::AppDelegate(const PlatformFactory& platform, KeyValueStore& default
                          DesktopIntegration& desktop, QObject* parent)
     : QObject(parent),
       desktop_(desktop),
+      screens_(desktop.screens()),
       monitor_(platform, samplingQueue_),
       tracker_(desktop.pointer(), screens_),
       settings_(defaults),
@@ -75,6 +77,7 @@ void AppDelegate::placePanel() {
   }
   window_->show();
   window_->raise();
+  desktop_.overlayShown(*window_);
 }
 
 void AppDelegate::applyTrackerGeometry() {

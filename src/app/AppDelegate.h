@@ -4,7 +4,6 @@
 #include <memory>
 #include <optional>
 
-#include "app/QtScreenPort.h"
 #include "core/Geometry.h"
 #include "panel/MouseTracker.h"
 #include "panel/NotchGeometry.h"
@@ -24,6 +23,7 @@ class DesktopIntegration;
 class KeyValueStore;
 class PanelWindow;
 class PlatformFactory;
+class ScreenPort;
 
 // The spine of the interactive program: owns every long-lived object of the notch panel for the
 // life of the process, brings them up in order at launch, follows screen changes, and takes them
@@ -68,7 +68,7 @@ class AppDelegate : public QObject {
   DesktopIntegration& desktop_;
   QtSamplingQueue samplingQueue_;
   QtMainScheduler scheduler_;
-  QtScreenPort screens_;
+  const ScreenPort& screens_;
 
   // The long-lived models, made in this order.
   SystemMonitor monitor_;

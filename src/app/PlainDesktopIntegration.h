@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/DesktopIntegration.h"
+#include "app/QtScreenPort.h"
 #include "app/UnwatchedPointerPort.h"
 
 namespace brimly {
@@ -13,13 +14,16 @@ class PlainDesktopIntegration final : public DesktopIntegration {
   // `tellAboutHover`: print the notice that hovering is off (not on headless platforms).
   explicit PlainDesktopIntegration(bool tellAboutHover) : tellAboutHover_(tellAboutHover) {}
 
+  const ScreenPort& screens() const override { return screens_; }
   PointerPort& pointer() override { return pointer_; }
   void prepareOverlay(PanelWindow&) override {}
+  void overlayShown(PanelWindow&) override {}
   void rootViewReplaced(PanelWindow&) override {}
   std::optional<std::string> hoverNotice() const override;
 
  private:
   bool tellAboutHover_;
+  QtScreenPort screens_;
   UnwatchedPointerPort pointer_;
 };
 

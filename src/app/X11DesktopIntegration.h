@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "app/DesktopIntegration.h"
+#include "app/QtScreenPort.h"
 
 namespace brimly {
 
@@ -19,13 +20,16 @@ class X11DesktopIntegration final : public DesktopIntegration {
   explicit X11DesktopIntegration(bool waylandSession);
   ~X11DesktopIntegration() override;
 
+  const ScreenPort& screens() const override { return screens_; }
   PointerPort& pointer() override;
   void prepareOverlay(PanelWindow& window) override;
+  void overlayShown(PanelWindow&) override {}
   void rootViewReplaced(PanelWindow& window) override;
   std::optional<std::string> hoverNotice() const override;
 
  private:
   bool waylandSession_;
+  QtScreenPort screens_;
   std::unique_ptr<X11PointerPort> pointer_;
   std::unique_ptr<X11Desktop> desktop_;
   std::unique_ptr<PanelShapeMask> mask_;

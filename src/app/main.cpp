@@ -11,10 +11,10 @@
 #include "app/DesktopIntegration.h"
 #include "app/DesktopIntegrationFactory.h"
 #include "app/DisplayCheck.h"
-#include "app/SingleInstanceLock.h"
+#include "app/ProcessSetup.h"
 #include "core/BuildInfo.h"
+#include "platform/KeyValueStore.h"
 #include "platform/SystemPlatform.h"
-#include "settings/QSettingsStore.h"
 
 int main(int argc, char** argv) {
   using namespace brimly;
@@ -23,8 +23,7 @@ int main(int argc, char** argv) {
   if (wantsAudit(arguments)) return runAuditReport(argc, argv);
 
   // One Brimly per user: a second one leaves at once, silently, before anything is shown.
-  SingleInstanceLock instance(SingleInstanceLock::defaultPath(BuildInfo::bundleIdentifier));
-  if (!instance.tryAcquire()) return 0;
+  if (!claimSingleInstance()) return 0;
 
   if (!desktopAvailable()) {
     std::fprintf(stderr, "%s\n", kNoDisplayMessage);
@@ -37,11 +36,12 @@ int main(int argc, char** argv) {
   QApplication::setApplicationVersion(BuildInfo::shortVersion);
   // An accessory: no window of its own in the task bar, and closing one never ends the program.
   QApplication::setQuitOnLastWindowClosed(false);
+  becomeAccessory();
 
   const std::unique_ptr<PlatformFactory> platform = makeSystemPlatform();
-  QSettingsStore defaults;
+  const std::unique_ptr<KeyValueStore> defaults = makeDefaultsStore();
   const std::unique_ptr<DesktopIntegration> desktop = makeDesktopIntegration();
-  AppDelegate delegate(*platform, defaults, *desktop);
+  AppDelegate delegate(*platform, *defaults, *desktop);
   QObject::connect(&application, &QCoreApplication::aboutToQuit, &delegate,
                    &AppDelegate::applicationWillTerminate);
   delegate.applicationDidFinishLaunching();

@@ -9,6 +9,7 @@
 #include "FakeKeyValueStore.h"
 #include "FakePlatform.h"
 #include "app/DesktopIntegration.h"
+#include "app/QtScreenPort.h"
 #include "panel/FakePointerPort.h"
 #include "panel/views/PanelWindow.h"
 #include "panel/views/RootView.h"
@@ -38,7 +39,12 @@ double screenMiddle() {
 
 class FakeDesktop final : public DesktopIntegration {
  public:
+  const ScreenPort& screens() const override { return screens_; }
   PointerPort& pointer() override { return pointer_; }
+  void overlayShown(PanelWindow& window) override {
+    ++shownCalls;
+    wasVisibleWhenShown = window.isVisible();
+  }
   void prepareOverlay(PanelWindow& window) override {
     ++prepareCalls;
     hadNativeWindowWhenPrepared = window.internalWinId() != 0;
@@ -50,8 +56,11 @@ class FakeDesktop final : public DesktopIntegration {
     return std::nullopt;
   }
 
+  QtScreenPort screens_;
   FakePointerPort pointer_;
   int prepareCalls = 0;
+  int shownCalls = 0;
+  bool wasVisibleWhenShown = false;
   bool hadNativeWindowWhenPrepared = false;
   bool wasVisibleWhenPrepared = true;
   int rootViewReplacements = 0;
@@ -89,6 +98,12 @@ TEST_F(AppDelegateTest, DesktopHintsGoOnTheNativeWindowBeforeItIsShown) {
   EXPECT_EQ(desktop_.prepareCalls, 1);
   EXPECT_TRUE(desktop_.hadNativeWindowWhenPrepared);
   EXPECT_FALSE(desktop_.wasVisibleWhenPrepared);
+}
+
+TEST_F(AppDelegateTest, DesktopSettingsAreReappliedOnceThePanelIsShown) {
+  launch();
+  EXPECT_EQ(desktop_.shownCalls, 1);
+  EXPECT_TRUE(desktop_.wasVisibleWhenShown);
 }
 
 TEST_F(AppDelegateTest, LaunchSamplesAtTheClosedRate) {

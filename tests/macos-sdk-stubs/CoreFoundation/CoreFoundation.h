@@ -44,6 +44,7 @@ typedef const struct __CFNumber* CFNumberRef;
 typedef const struct __CFBoolean* CFBooleanRef;
 typedef const struct __CFURL* CFURLRef;
 typedef struct __CFError* CFErrorRef;
+typedef CFTypeRef CFPropertyListRef;
 
 extern const CFAllocatorRef kCFAllocatorDefault;
 
@@ -61,6 +62,8 @@ const char* CFStringGetCStringPtr(CFStringRef theString, CFStringEncoding encodi
 Boolean CFStringGetCString(CFStringRef theString, char* buffer, CFIndex bufferSize,
                            CFStringEncoding encoding);
 CFIndex CFStringGetMaximumSizeForEncoding(CFIndex length, CFStringEncoding encoding);
+CFStringRef CFStringCreateWithBytes(CFAllocatorRef alloc, const UInt8* bytes, CFIndex numBytes,
+                                    CFStringEncoding encoding, Boolean isExternalRepresentation);
 #define CFSTR(cStr) ((CFStringRef)__builtin___CFStringMakeConstantString("" cStr ""))
 
 // Numbers and Booleans.
@@ -75,6 +78,8 @@ Boolean CFNumberGetValue(CFNumberRef number, CFNumberType theType, void* valuePt
 Boolean CFNumberIsFloatType(CFNumberRef number);
 CFTypeID CFBooleanGetTypeID(void);
 Boolean CFBooleanGetValue(CFBooleanRef boolean);
+extern const CFBooleanRef kCFBooleanTrue;
+extern const CFBooleanRef kCFBooleanFalse;
 
 // Arrays.
 typedef const void* (*CFArrayRetainCallBack)(CFAllocatorRef allocator, const void* value);
@@ -135,5 +140,10 @@ CFDictionaryRef CFURLCopyResourcePropertiesForKeys(CFURLRef url, CFArrayRef keys
                                                    CFErrorRef* error);
 extern const CFStringRef kCFURLVolumeTotalCapacityKey;
 extern const CFStringRef kCFURLVolumeAvailableCapacityForImportantUsageKey;
+
+// Preferences of the current user, in an application's domain.
+CFPropertyListRef CFPreferencesCopyAppValue(CFStringRef key, CFStringRef applicationID);
+void CFPreferencesSetAppValue(CFStringRef key, CFPropertyListRef value, CFStringRef applicationID);
+Boolean CFPreferencesAppSynchronize(CFStringRef applicationID);
 
 CF_EXTERN_C_END

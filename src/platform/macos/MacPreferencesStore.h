@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "platform/KeyValueStore.h"
+
+namespace brimly {
+
+// The user's preferences in the preferences system, under an application domain (by default the
+// bundle identifier, "app.brimly.Brimly"), the place `defaults read app.brimly.Brimly` shows.
+//
+// Values keep their property-list types, so the reads are strict: a Boolean is a CFBoolean only
+// (a number 0 or 1 does not count), a string list is an array whose elements are all strings.
+// Anything else, or a key that is absent, reads as nothing. The preferences system answers from
+// its own cache and never reports a damaged file, so readFailed() is always false: a damaged
+// domain simply reads as empty.
+//
+// Each write is synchronised at once. Thread-safe as the preferences system is; used on the main
+// thread.
+class MacPreferencesStore final : public KeyValueStore {
+ public:
+  MacPreferencesStore();
+  explicit MacPreferencesStore(std::string applicationDomain);
+
+  std::optional<bool> readBool(std::string_view key) const override;
+  std::optional<std::vector<std::string>> readStringList(std::string_view key) const override;
+  void writeBool(std::string_view key, bool value) override;
+  void writeStringList(std::string_view key, const std::vector<std::string>& value) override;
+  bool readFailed() const override { return false; }
+
+  const std::string& applicationDomain() const { return domain_; }
+
+ private:
+  std::string domain_;
+};
+
+}  // namespace brimly

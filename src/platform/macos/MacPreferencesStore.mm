@@ -1,0 +1,89 @@
+#include "platform/macos/MacPreferencesStore.h"
+
+#include <CoreFoundation/CoreFoundation.h>
+
+#include <utility>
+
+#include "core/BuildInfo.h"
+#include "platform/macos/OwnedHandles.h"
+#include "platform/macos/PropertyListConversion.h"
+
+namespace brimly {
+namespace {
+
+// A new CFString (+1) with the UTF-8 text; null when the text is not valid UTF-8.
+CFOwned<CFStringRef> makeString(std::string_view text) {
+  return CFOwned<CFStringRef>(
+      CFStringCreateWithBytes(kCFAllocatorDefault, reinterpret_cast<const UInt8*>(text.data()),
+                              static_cast<CFIndex>(text.size()), kCFStringEncodingUTF8, false));
+}
+
+// The value stored under `key` (+1), or null.
+CFOwned<CFPropertyListRef> copyValue(const std::string& domain, std::string_view key) {
+  const CFOwned<CFStringRef> cfKey = makeString(key);
+  const CFOwned<CFStringRef> cfDomain = makeString(domain);
+  if (!cfKey || !cfDomain) return CFOwned<CFPropertyListRef>();
+  return CFOwned<CFPropertyListRef>(CFPreferencesCopyAppValue(cfKey.get(), cfDomain.get()));
+}
+
+// Stores `value` (borrowed) under `key` and writes the domain out at once.
+void storeValue(const std::string& domain, std::string_view key, CFPropertyListRef value) {
+  const CFOwned<CFStringRef> cfKey = makeString(key);
+  const CFOwned<CFStringRef> cfDomain = makeString(domain);
+  if (!cfKey || !cfDomain || value == nullptr) return;
+  CFPreferencesSetAppValue(cfKey.get(), value, cfDomain.get());
+  CFPreferencesAppSynchronize(cfDomain.get());
+}
+
+}  // namespace
+
+MacPreferencesStore::MacPreferencesStore() : MacPreferencesStore(BuildInfo::bundleIdentifier) {}
+
+MacPreferencesStore::MacPreferencesStore(std::string applicationDomain)
+    : domain_(std::move(applicationDomain)) {}
+
+std::optional<bool> MacPreferencesStore::readBool(std::string_view key) const {
+  const CFOwned<CFPropertyListRef> value = copyValue(domain_, key);
+  if (!value || CFGetTypeID(value.get()) != CFBooleanGetTypeID()) return std::nullopt;
+  return CFBooleanGetValue(static_cast<CFBooleanRef>(value.get())) != 0;
+}
+
+std::optional<std::vector<std::string>> MacPreferencesStore::readStringList(
+    std::string_view key) const {
+  const CFOwned<CFPropertyListRef> value = copyValue(domain_, key);
+  if (!value || CFGetTypeID(value.get()) != CFArrayGetTypeID()) return std::nullopt;
+  const auto array = static_cast<CFArrayRef>(value.get());
+  const CFIndex count = CFArrayGetCount(array);
+  std::vector<std::string> strings;
+  strings.reserve(static_cast<std::size_t>(count));
+  for (CFIndex i = 0; i < count; ++i) {
+    // One element of another type makes the whole value of the wrong type.
+    std::optional<std::string> text = stringFromCF(CFArrayGetValueAtIndex(array, i));
+    if (!text) return std::nullopt;
+    strings.push_back(std::move(*text));
+  }
+  return strings;
+}
+
+void MacPreferencesStore::writeBool(std::string_view key, bool value) {
+  storeValue(domain_, key, value ? kCFBooleanTrue : kCFBooleanFalse);
+}
+
+void MacPreferencesStore::writeStringList(std::string_view key,
+                                          const std::vector<std::string>& value) {
+  std::vector<CFOwned<CFStringRef>> owned;
+  std::vector<const void*> elements;
+  owned.reserve(value.size());
+  elements.reserve(value.size());
+  for (const std::string& text : value) {
+    owned.push_back(makeString(text));
+    if (!owned.back()) return;  // not UTF-8: nothing is written rather than a shortened list
+    elements.push_back(owned.back().get());
+  }
+  const CFOwned<CFArrayRef> array(CFArrayCreate(kCFAllocatorDefault, elements.data(),
+                                                static_cast<CFIndex>(elements.size()),
+                                                &kCFTypeArrayCallBacks));
+  storeValue(domain_, key, array.get());
+}
+
+}  // namespace brimly
