@@ -1,6 +1,7 @@
 #include "panel/views/RootView.h"
 
 #include <QEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <cmath>
 
@@ -77,6 +78,9 @@ void RootView::applyToGrid(double now) {
   grid_->setVisible(opacity > 0.0);
   if (opacity <= 0.0) return;
   QPainterPath clip = cardPath(metrics_.cardFrame(width(), openness_.value(now)));
+  // Once the grid is opaque and wholly inside the card, the layer would change nothing: the grid
+  // then paints straight into the window, so that its value updates stay cheap while open.
+  gridEffect_->setEnabled(opacity < 1.0 || !clip.contains(QRectF(grid_->geometry())));
   clip.translate(-grid_->x(), -grid_->y());
   gridEffect_->setClipPath(clip);
   gridEffect_->setOpacity(opacity);
@@ -92,10 +96,16 @@ void RootView::placeGrid() {
                      size.height());
 }
 
-void RootView::paintEvent(QPaintEvent*) {
+void RootView::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
+  const QPainterPath card = cardPath(cardFrame());
+  // The open grid's updates repaint small strips well inside the card: those are plain black.
+  if (card.contains(QRectF(event->rect()))) {
+    painter.fillRect(event->rect(), Qt::black);
+    return;
+  }
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.fillPath(cardPath(cardFrame()), Qt::black);
+  painter.fillPath(card, Qt::black);
 }
 
 void RootView::resizeEvent(QResizeEvent* event) {

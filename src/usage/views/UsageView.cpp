@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QLinearGradient>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
@@ -19,6 +20,15 @@ QRectF toQRect(const Rect& rect) {
   return QRectF(rect.x, rect.y, rect.width, rect.height);
 }
 
+// The whole pixels `rect` (in a cell) touches inside the grid, with a pixel to spare on every side
+// for antialiased edges.
+QRect repaintArea(const Rect& rect, const CellPlacement& placement) {
+  return toQRect(rect)
+      .translated(placement.frame.x, placement.frame.y)
+      .toAlignedRect()
+      .adjusted(-1, -1, 1, 1);
+}
+
 void fillCapsule(QPainter& painter, const Rect& frame, const QBrush& brush) {
   QPainterPath capsule;
   const double radius = std::min(frame.width, frame.height) / 2.0;
@@ -26,15 +36,11 @@ void fillCapsule(QPainter& painter, const Rect& frame, const QBrush& brush) {
   painter.fillPath(capsule, brush);
 }
 
-// Draws `text` in the font set on the painter, its line box at `frame`.
-void drawLine(QPainter& painter, const Rect& frame, const QString& text, const QColor& colour) {
-  const QFontMetricsF metrics(painter.font(), painter.device());
+// Draws `line` with its line box at `frame`, in a font of `ascent`.
+void drawLine(QPainter& painter, const Rect& frame, double ascent, const ShapedLines::Line& line,
+              const QColor& colour) {
   painter.setPen(colour);
-  painter.drawText(QPointF(frame.x, frame.y + metrics.ascent()), text);
-}
-
-Size lineSize(const QFontMetricsF& metrics, const QString& text) {
-  return {metrics.horizontalAdvance(text), metrics.height()};
+  ShapedLines::draw(painter, QPointF(frame.x, frame.y + ascent), line);
 }
 
 }  // namespace
@@ -85,6 +91,8 @@ void UsageView::rebuild() {
   const QSize oldHint = sizeHint();
   const double now = frameTimer_.now();
   const bool animate = isVisible();
+  const std::vector<MetricCellContent> oldContents = std::move(contents_);
+  const std::vector<CellPlacement> oldCells = grid_.cells;
 
   contents_.clear();
   std::map<MetricKind::Value, CellMotion> kept;
@@ -97,8 +105,15 @@ void UsageView::rebuild() {
       motion.bar.jumpTo(content.barValue);
       motion.textFade.jumpTo(1.0);
       motion.previousPrimary.clear();
+      motion.shown = lookAt(motion, now);
     } else {
-      motion.bar.animateTo(content.barValue, now);
+      // `shown` stays what was painted last: the frames to come are measured against it.
+      // A change too small to move the bar by a step is taken at once, without frames.
+      if (barStep(motion.bar.value(now)) == barStep(content.barValue)) {
+        motion.bar.jumpTo(content.barValue);
+      } else {
+        motion.bar.animateTo(content.barValue, now);
+      }
       if (content.primary != motion.currentPrimary) {
         motion.previousPrimary = motion.currentPrimary;
         motion.textFade.jumpTo(0.0);
@@ -117,8 +132,27 @@ void UsageView::rebuild() {
     resize(sizeHint());
     updateGeometry();
   }
-  if (anyRunning(now)) frameTimer_.run();
-  update();
+  scheduleNextFrame(now);
+  if (grid_.cells != oldCells) {
+    update();
+    return;
+  }
+  // Only the parts that show something new are repainted; most samples change one or two.
+  for (std::size_t i = 0; i < contents_.size(); ++i) {
+    repaintChangedParts(grid_.cells[i], oldContents[i], contents_[i]);
+  }
+}
+
+void UsageView::repaintChangedParts(const CellPlacement& placement, const MetricCellContent& before,
+                                    const MetricCellContent& after) {
+  if (before.label != after.label || before.primary != after.primary) {
+    update(headerArea(placement));
+  }
+  if (barStep(before.barValue) != barStep(after.barValue) ||
+      colors(before.barValue, before.palette) != colors(after.barValue, after.palette)) {
+    update(barArea(placement));
+  }
+  if (before.secondary != after.secondary) update(detailArea(placement));
 }
 
 bool UsageView::anyRunning(double now) const {
@@ -127,51 +161,115 @@ bool UsageView::anyRunning(double now) const {
   });
 }
 
-void UsageView::advance(double now) {
-  update();
-  if (!anyRunning(now)) frameTimer_.stop();
+long UsageView::barStep(double value) const {
+  const double fill =
+      MetricGridLayout::cellLayout(cellWidth_, headerHeight_).barFillFrame(value).width;
+  return std::lround(fill * devicePixelRatioF() * CellLook::barStepsPerPixel);
 }
 
-void UsageView::paintEvent(QPaintEvent*) {
+UsageView::CellLook UsageView::lookAt(const CellMotion& motion, double now) const {
+  return {barStep(motion.bar.value(now)), !motion.bar.isRunning(now),
+          std::lround(textFadeStep(motion, now) * CellLook::textFadeSteps)};
+}
+
+double UsageView::textFadeStep(const CellMotion& motion, double now) {
+  return std::round(motion.textFade.value(now) * CellLook::textFadeSteps) / CellLook::textFadeSteps;
+}
+
+QRect UsageView::detailArea(const CellPlacement& placement) const {
+  return repaintArea(MetricGridLayout::cellLayout(cellWidth_, headerHeight_).detail, placement);
+}
+
+QRect UsageView::barArea(const CellPlacement& placement) const {
+  return repaintArea(MetricGridLayout::cellLayout(cellWidth_, headerHeight_).bar, placement);
+}
+
+QRect UsageView::headerArea(const CellPlacement& placement) const {
+  return repaintArea(MetricGridLayout::cellLayout(cellWidth_, headerHeight_).header, placement);
+}
+
+void UsageView::advance(double now) {
+  for (const CellPlacement& placement : grid_.cells) {
+    CellMotion& motion = motion_.at(placement.kind.value());
+    const CellLook look = lookAt(motion, now);
+    if (look.barFill != motion.shown.barFill || look.barArrived != motion.shown.barArrived) {
+      update(barArea(placement));
+    }
+    if (look.textFade != motion.shown.textFade) update(headerArea(placement));
+    motion.shown = look;
+  }
+  scheduleNextFrame(now);
+}
+
+std::optional<int> UsageView::framesUntilNextLook(double now) const {
+  const double interval = frameTimer_.intervalMs() / 1000.0;
+  for (int frames = 1;; ++frames) {
+    const double then = now + frames * interval;
+    for (const auto& [kind, motion] : motion_) {
+      if (lookAt(motion, then) != motion.shown) return frames;
+    }
+    if (!anyRunning(then)) return std::nullopt;
+  }
+}
+
+void UsageView::scheduleNextFrame(double now) {
+  if (const std::optional<int> frames = framesUntilNextLook(now)) {
+    frameTimer_.resumeAfter(*frames);
+  } else {
+    frameTimer_.stop();
+  }
+}
+
+void UsageView::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::TextAntialiasing);
   const double now = frameTimer_.now();
+  // A frame of a moving bar repaints a strip of one cell: everything else is left as it is, since
+  // shaping and drawing the texts of six cells would cost far more than the strip itself.
+  const QRegion& region = event->region();
   for (std::size_t i = 0; i < grid_.cells.size() && i < contents_.size(); ++i) {
-    paintCell(painter, grid_.cells[i], contents_[i], now);
+    const CellPlacement& placement = grid_.cells[i];
+    const CellMotion& motion = motion_.at(placement.kind.value());
+    const CellGeometry cell = MetricGridLayout::cellLayout(cellWidth_, headerHeight_);
+    painter.save();
+    painter.translate(placement.frame.x, placement.frame.y);
+    if (region.intersects(headerArea(placement)))
+      paintHeader(painter, cell, contents_[i], motion, now);
+    if (region.intersects(barArea(placement))) paintBar(painter, cell, contents_[i], motion, now);
+    if (region.intersects(detailArea(placement))) paintDetail(painter, cell, contents_[i]);
+    painter.restore();
   }
 }
 
-void UsageView::paintCell(QPainter& painter, const CellPlacement& placement,
-                          const MetricCellContent& content, double now) {
-  const CellGeometry cell = MetricGridLayout::cellLayout(cellWidth_, headerHeight_);
-  const CellMotion& motion = motion_.at(placement.kind.value());
-  const QColor primaryColour = toQColor(Theme::primaryForeground);
-  const QColor secondaryColour = toQColor(Theme::secondaryForeground);
+// The label at the leading edge, the value at the trailing edge (cross-fading from the old text).
+void UsageView::paintHeader(QPainter& painter, const CellGeometry& cell,
+                            const MetricCellContent& content, const CellMotion& motion,
+                            double now) {
+  const QPaintDevice& device = *painter.device();
+  const ShapedLines::Line& label =
+      labels_.line(QString::fromStdString(content.label), typography_.labelFont(device), device);
+  drawLine(painter, cell.labelFrame({label.advance, labels_.height()}), labels_.ascent(), label,
+           toQColor(Theme::secondaryForeground));
 
-  painter.save();
-  painter.translate(placement.frame.x, placement.frame.y);
-
-  // Header: the label at the leading edge, the value at the trailing edge.
-  painter.setFont(typography_.labelFont(*painter.device()));
-  const QFontMetricsF labelMetrics(painter.font(), painter.device());
-  const QString label = QString::fromStdString(content.label);
-  drawLine(painter, cell.labelFrame(lineSize(labelMetrics, label)), label, secondaryColour);
-
-  painter.setFont(typography_.valueFont(*painter.device()));
-  const QFontMetricsF valueMetrics(painter.font(), painter.device());
-  const double fade = motion.textFade.value(now);
+  const QFont valueFont = typography_.valueFont(device);
+  const double fade = textFadeStep(motion, now);
   const auto drawPrimary = [&](const std::string& text, double opacity) {
     if (opacity <= 0.0) return;
-    const QString value = QString::fromStdString(text);
-    QColor colour = primaryColour;
+    const ShapedLines::Line& value = values_.line(QString::fromStdString(text), valueFont, device);
+    QColor colour = toQColor(Theme::primaryForeground);
     colour.setAlphaF(static_cast<float>(colour.alphaF() * opacity));
-    drawLine(painter, cell.primaryFrame(lineSize(valueMetrics, value)), value, colour);
+    drawLine(painter, cell.primaryFrame({value.advance, values_.height()}), values_.ascent(), value,
+             colour);
   };
   if (fade < 1.0) drawPrimary(motion.previousPrimary, 1.0 - fade);
   drawPrimary(content.primary, fade);
+}
 
-  // Bar: a faint full-width track, and the coloured fill over it.
+// A faint full-width track, and the coloured fill over it.
+void UsageView::paintBar(QPainter& painter, const CellGeometry& cell,
+                         const MetricCellContent& content, const CellMotion& motion,
+                         double now) const {
   fillCapsule(painter, cell.bar, toQColor(Theme::barTrack));
   const Rect fill = cell.barFillFrame(motion.bar.value(now));
   // The colours follow the new value at once; only the length glides.
@@ -180,15 +278,16 @@ void UsageView::paintCell(QPainter& painter, const CellPlacement& placement,
   gradient.setColorAt(0.0, toQColor(pair.start));
   gradient.setColorAt(1.0, toQColor(pair.end));
   fillCapsule(painter, fill, gradient);
+}
 
-  // Detail line.
-  painter.setFont(typography_.detailFont(*painter.device()));
-  const QFontMetricsF detailMetrics(painter.font(), painter.device());
-  const QString detail = detailMetrics.elidedText(QString::fromStdString(content.secondary),
-                                                  Qt::ElideRight, cell.detail.width);
-  drawLine(painter, cell.detailTextFrame(lineSize(detailMetrics, detail)), detail, secondaryColour);
-
-  painter.restore();
+void UsageView::paintDetail(QPainter& painter, const CellGeometry& cell,
+                            const MetricCellContent& content) {
+  const QPaintDevice& device = *painter.device();
+  const ShapedLines::Line& detail =
+      details_.line(QString::fromStdString(content.secondary), typography_.detailFont(device),
+                    device, cell.detail.width);
+  drawLine(painter, cell.detailTextFrame({detail.advance, details_.height()}), details_.ascent(),
+           detail, toQColor(Theme::secondaryForeground));
 }
 
 }  // namespace brimly

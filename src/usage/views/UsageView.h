@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include "sampling/MetricSample.h"
 #include "usage/MetricCellContent.h"
 #include "usage/MetricGridLayout.h"
+#include "usage/views/ShapedLines.h"
 #include "usage/views/UsageTypography.h"
 
 namespace brimly {
@@ -20,9 +22,11 @@ namespace brimly {
 // shown metrics and the temperature unit), so it serves the notch panel and a preview alike; a
 // binding feeds it from the live monitor and the settings.
 //
-// Bar lengths glide to new values over half a second and a changed value text cross-fades over a
-// quarter second, but only while the grid is on screen: a hidden grid takes new values at once and
-// costs no frames.
+// Bar lengths glide to new values over half a second and a changed value text cross-fades in four
+// steps over a quarter second, but only while the grid is on screen: a hidden grid takes new values
+// at once and costs no frames. A frame repaints only the strips that moved, and frames that would
+// show nothing new are skipped, so a sample that changes one figure costs a handful of small
+// repaints.
 class UsageView : public QWidget {
   Q_OBJECT
 
@@ -33,6 +37,9 @@ class UsageView : public QWidget {
 
   static constexpr double barAnimationSeconds = 0.5;
   static constexpr double textTransitionSeconds = 0.25;
+  // The glides run at 30 frames a second: a 3-point bar moving a few pixels looks no different at
+  // 60, and a panel pinned open repeats them every second all day, so the frames are what it costs.
+  static constexpr int frameIntervalMs = 33;
 
   UsageView(int columns, double cellWidth, UsageTypography typography = UsageTypography::system(),
             QWidget* parent = nullptr);
@@ -59,18 +66,51 @@ class UsageView : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  // What one frame of a cell looks like, in steps a viewer could tell apart: the bar's fill in
+  // half device pixels, and whether it has arrived; the value text's cross-fade in quarters. A
+  // frame that would draw the same steps is not painted. The bar's arrival is always painted, so
+  // that it ends at its exact length; the cross-fade is drawn in its steps, whose last is the end.
+  struct CellLook {
+    static constexpr double barStepsPerPixel = 2.0;
+    static constexpr double textFadeSteps = 4.0;
+
+    long barFill = -1;
+    bool barArrived = false;
+    long textFade = -1;
+    bool operator==(const CellLook&) const = default;
+  };
+
   struct CellMotion {
     EasedAnimation bar{barAnimationSeconds};
     EasedAnimation textFade{textTransitionSeconds, TimingCurve::easeOut(), 1.0};
     std::string currentPrimary;
     std::string previousPrimary;  // fading out while `textFade` runs
+    CellLook shown;               // the look last asked to be painted
   };
 
   void rebuild();
   void advance(double now);
   bool anyRunning(double now) const;
-  void paintCell(QPainter& painter, const CellPlacement& placement,
-                 const MetricCellContent& content, double now);
+  CellLook lookAt(const CellMotion& motion, double now) const;
+  // How far the new value text has faded in, in the steps of `CellLook`.
+  static double textFadeStep(const CellMotion& motion, double now);
+  // How many frames from `now` until one would paint something new; none when everything
+  // arrives without another change a viewer could see.
+  std::optional<int> framesUntilNextLook(double now) const;
+  void scheduleNextFrame(double now);
+  // The bar's fill for `value` in the steps of `CellLook`.
+  long barStep(double value) const;
+  void repaintChangedParts(const CellPlacement& placement, const MetricCellContent& before,
+                           const MetricCellContent& after);
+  // The parts of the cell at `placement` that are repainted on their own, in the grid's pixels.
+  QRect headerArea(const CellPlacement& placement) const;
+  QRect barArea(const CellPlacement& placement) const;
+  QRect detailArea(const CellPlacement& placement) const;
+  void paintHeader(QPainter& painter, const CellGeometry& cell, const MetricCellContent& content,
+                   const CellMotion& motion, double now);
+  void paintBar(QPainter& painter, const CellGeometry& cell, const MetricCellContent& content,
+                const CellMotion& motion, double now) const;
+  void paintDetail(QPainter& painter, const CellGeometry& cell, const MetricCellContent& content);
 
   int columns_;
   double cellWidth_;
@@ -83,7 +123,10 @@ class UsageView : public QWidget {
   std::vector<MetricCellContent> contents_;
   GridGeometry grid_;
   std::map<MetricKind::Value, CellMotion> motion_;
-  FrameTimer frameTimer_;
+  FrameTimer frameTimer_{frameIntervalMs};
+  ShapedLines labels_;
+  ShapedLines values_;
+  ShapedLines details_;
 };
 
 }  // namespace brimly

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPainter>
 
+#include "PaintRecorder.h"
 #include "ReferenceImage.h"
 #include "SolidGrid.h"
 #include "panel/PanelState.h"
@@ -162,32 +163,20 @@ TEST_F(RootViewTest, AnimatesOnlyWhileSomethingMoves) {
   EXPECT_FALSE(view->isAnimating());
 }
 
-// Counts the paint events a widget receives.
-class PaintCounter : public QObject {
- public:
-  int paints = 0;
-
- protected:
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Paint) ++paints;
-    return false;
-  }
-};
-
 TEST_F(RootViewTest, IdlePanelSchedulesNoRepaint) {
   state.setOpen(true);
   settle();
   view->show();
   QCoreApplication::processEvents();
   QCoreApplication::processEvents();
-  PaintCounter counter;
+  testing::PaintRecorder counter;
   view->installEventFilter(&counter);
   grid->installEventFilter(&counter);
   state.setOpen(true);
   for (int i = 0; i < 5; ++i)
     QCoreApplication::processEvents();
   EXPECT_FALSE(view->isAnimating());
-  EXPECT_EQ(counter.paints, 0);
+  EXPECT_EQ(counter.count(), 0);
 }
 
 TEST_F(RootViewTest, StartsInTheStatesCurrentFormWithoutAnimating) {

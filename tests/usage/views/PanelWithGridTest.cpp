@@ -3,8 +3,11 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QGraphicsEffect>
 #include <QImage>
+#include <utility>
 
+#include "PaintRecorder.h"
 #include "ReferenceImage.h"
 #include "panel/PanelState.h"
 #include "panel/views/RootView.h"
@@ -90,18 +93,6 @@ TEST_F(PanelWithGridTest, GridReplacedInPlaceWhenTheOrderChanges) {
   EXPECT_EQ(grid->size(), grid->sizeHint());
 }
 
-// Counts the paint events a widget receives.
-class PaintCounter : public QObject {
- public:
-  int paints = 0;
-
- protected:
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Paint) ++paints;
-    return false;
-  }
-};
-
 TEST_F(PanelWithGridTest, ClosedPanelDoesNoWorkForNewSamples) {
   state.setOpen(false);
   for (int frame = 0; frame < 200 && view->isAnimating(); ++frame) {
@@ -110,14 +101,14 @@ TEST_F(PanelWithGridTest, ClosedPanelDoesNoWorkForNewSamples) {
   }
   view->show();
   QCoreApplication::processEvents();
-  PaintCounter counter;
+  testing::PaintRecorder counter;
   view->installEventFilter(&counter);
   grid->installEventFilter(&counter);
   MetricSample next = sample();
   next.cpu = 0.91;
   grid->setSample(next);
   QCoreApplication::processEvents();
-  EXPECT_EQ(counter.paints, 0);
+  EXPECT_EQ(counter.count(), 0);
   EXPECT_FALSE(grid->isAnimating());
   EXPECT_FALSE(view->isAnimating());
   EXPECT_EQ(grid->shownBarValue(MetricKind::cpu), 0.91);  // ready when the panel opens
@@ -126,16 +117,137 @@ TEST_F(PanelWithGridTest, ClosedPanelDoesNoWorkForNewSamples) {
 TEST_F(PanelWithGridTest, OpenPanelRepaintsOnlyWhenASampleArrives) {
   view->show();
   QCoreApplication::processEvents();
-  PaintCounter counter;
+  testing::PaintRecorder counter;
   grid->installEventFilter(&counter);
   QCoreApplication::processEvents();
-  EXPECT_EQ(counter.paints, 0);
+  EXPECT_EQ(counter.count(), 0);
   MetricSample next = sample();
   next.cpu = 0.91;
   grid->setSample(next);
   EXPECT_TRUE(grid->isAnimating());  // the bar glides while the panel shows it
   QCoreApplication::processEvents();
-  EXPECT_GE(counter.paints, 1);
+  EXPECT_GE(counter.count(), 1);
+}
+
+// The rest of the open panel's tests watch it on screen, as a person would.
+class OpenPanelTest : public PanelWithGridTest {
+ protected:
+  OpenPanelTest() {
+    view->show();
+    QCoreApplication::processEvents();
+    grid->installEventFilter(&paints);
+  }
+
+  // Runs the grid's frames until it has arrived, each when its timer asks for it; returns the
+  // number of frames and whether each of them repainted something.
+  std::pair<int, bool> runFrames() {
+    int frames = 0;
+    bool eachPainted = true;
+    QCoreApplication::processEvents();
+    while (grid->isAnimating() && frames < 100) {
+      const int before = paints.count();
+      now += grid->frameTimer().msToNextFrame() / 1000.0;
+      grid->frameTimer().tick();
+      QCoreApplication::processEvents();
+      eachPainted = eachPainted && paints.count() > before;
+      ++frames;
+    }
+    return {frames, eachPainted};
+  }
+
+  QRect cellRect(MetricKind kind) const {
+    for (const CellPlacement& cell : grid->geometry().cells) {
+      if (cell.kind == kind) {
+        return QRectF(cell.frame.x, cell.frame.y, cell.frame.width, cell.frame.height)
+            .toAlignedRect()
+            .adjusted(-1, -1, 1, 1);
+      }
+    }
+    return {};
+  }
+
+  testing::PaintRecorder paints;
+};
+
+TEST_F(OpenPanelTest, GridIsLayeredOnlyWhileItFadesOrTheCardCutsIt) {
+  ASSERT_NE(grid->graphicsEffect(), nullptr);
+  EXPECT_FALSE(grid->graphicsEffect()->isEnabled());  // opaque and wholly inside the open card
+  state.setOpen(false);
+  now += 0.05;
+  view->frameTimer().tick();
+  EXPECT_TRUE(grid->graphicsEffect()->isEnabled());
+}
+
+TEST_F(OpenPanelTest, ASampleRepaintsOnlyTheCellThatChanged) {
+  MetricSample next = sample();
+  next.cpu = 0.91;
+  grid->setSample(next);
+  QCoreApplication::processEvents();
+  ASSERT_GE(paints.count(), 1);
+  EXPECT_TRUE(cellRect(MetricKind::cpu).contains(paints.painted().boundingRect()));
+}
+
+TEST_F(OpenPanelTest, GlidingBarRepaintsOnlyItsCellsValueAndBar) {
+  MetricSample next = sample();
+  next.cpu = 0.91;
+  grid->setSample(next);
+  QCoreApplication::processEvents();
+  paints.paints.clear();
+  runFrames();
+  ASSERT_GE(paints.count(), 1);
+  const QRect cpu = cellRect(MetricKind::cpu);
+  const QRect painted = paints.painted().boundingRect();
+  EXPECT_TRUE(cpu.contains(painted));
+  const double barBottom =
+      grid->headerHeight() + MetricGridLayout::cellPartSpacing + MetricGridLayout::barHeight;
+  EXPECT_LE(painted.bottom(), cpu.top() + barBottom + 2);  // the detail line stays as it is
+}
+
+TEST_F(OpenPanelTest, FramesThatWouldShowNothingNewAreSkipped) {
+  MetricSample next = sample();
+  next.cpu = 0.25;  // the bar grows by 3.4 points: a few steps, most of them early
+  grid->setSample(next);
+  const auto [frames, eachPainted] = runFrames();
+  EXPECT_LT(frames, 15);  // half a second at 30 frames a second, had every frame been drawn
+  EXPECT_TRUE(eachPainted);
+  EXPECT_EQ(grid->shownBarValue(MetricKind::cpu), 0.25);
+}
+
+TEST_F(OpenPanelTest, AChangeTooSmallToSeeIsTakenWithoutFrames) {
+  MetricSample next = sample();
+  next.cpu = 0.2301;  // a sixtieth of a pixel longer, and still "23%"
+  grid->setSample(next);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(grid->isAnimating());
+  EXPECT_EQ(paints.count(), 0);
+  EXPECT_EQ(grid->shownBarValue(MetricKind::cpu), 0.2301);
+}
+
+TEST_F(OpenPanelTest, NewValueTextCrossFadesInFourFrames) {
+  grid->setUseFahrenheit(true);  // a new temperature text, the same bar
+  const auto [frames, eachPainted] = runFrames();
+  EXPECT_EQ(frames, 4);
+  EXPECT_TRUE(eachPainted);
+}
+
+TEST_F(OpenPanelTest, AnimationsEndExactlyOnTheNewValues) {
+  MetricSample next = sample();
+  next.cpu = 0.57;
+  next.temperatureC = 64.0;
+  grid->setSample(next);
+  runFrames();
+  const QImage glided = render();
+
+  // The same panel given the new values straight away.
+  PanelState openState;
+  openState.setOpen(true);
+  auto* direct = new UsageView(3, 172.0, UsageTypography{"DejaVu Sans", "DejaVu Sans Mono"});
+  direct->setSample(next);
+  RootView still(openState, RootViewMetrics::forNotch({185.0, 32.0}), direct);
+  QImage expected(still.size(), QImage::Format_ARGB32_Premultiplied);
+  expected.fill(Qt::transparent);
+  still.render(&expected, QPoint(), QRegion(), QWidget::DrawChildren);
+  EXPECT_EQ(glided, expected);
 }
 
 TEST_F(PanelWithGridTest, MatchesTheReferenceRendering) {

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QFont>
+#include <QGlyphRun>
+#include <QHash>
+#include <QList>
+#include <QPointF>
+#include <QString>
+#include <limits>
+#include <optional>
+
+class QPainter;
+class QPaintDevice;
+
+namespace brimly {
+
+// Lines of text in one font, shaped once and then drawn as often as needed. Finding a line's glyphs
+// and their places costs far more than drawing them, and a cell's texts change at most once a
+// sample while its animations draw them again on every frame.
+class ShapedLines {
+ public:
+  static constexpr double unlimited = std::numeric_limits<double>::infinity();
+
+  struct Line {
+    QString text;          // as shown: cut with an ellipsis where it did not fit
+    double advance = 0.0;  // how far the pen moves over the line
+    double layoutAscent = 0.0;
+    QList<QGlyphRun> glyphs;
+  };
+
+  // `text` in `font` on `device`, no wider than `maxWidth`. The font's ascent and height are
+  // those of every line of it.
+  const Line& line(const QString& text, const QFont& font, const QPaintDevice& device,
+                   double maxWidth = unlimited);
+  double ascent() const { return ascent_; }
+  double height() const { return height_; }
+
+  // Draws `line` in the painter's pen with its baseline starting at `baseline`.
+  static void draw(QPainter& painter, QPointF baseline, const Line& line);
+
+ private:
+  // Values change every sample, so the set is emptied now and then rather than growing.
+  static constexpr qsizetype capacity = 64;
+
+  std::optional<QFont> font_;
+  double maxWidth_ = unlimited;
+  double ascent_ = 0.0;
+  double height_ = 0.0;
+  QHash<QString, Line> lines_;
+};
+
+}  // namespace brimly
