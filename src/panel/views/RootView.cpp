@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QWindow>
 #include <cmath>
 
 #include "panel/PanelState.h"
@@ -60,9 +61,23 @@ double RootView::contentOpacity() const {
 
 void RootView::setOpen(bool open) {
   const double now = frameTimer_.now();
+  if (isAwaitingFirstFrame()) {
+    // Nothing is on screen to move from: a panel pinned at launch is open from its first frame.
+    openness_.jumpTo(open ? 1.0 : 0.0);
+    contentFade_ = FadeAnimation(open);
+    frameTimer_.stop();
+    applyToGrid(now);
+    update();
+    return;
+  }
   openness_.retarget(open ? 1.0 : 0.0, now);
   contentFade_.setVisible(open, now);
   if (!openness_.isSettled(now) || contentFade_.isRunning(now)) frameTimer_.run();
+}
+
+bool RootView::isAwaitingFirstFrame() const {
+  const QWindow* shownIn = window()->windowHandle();
+  return isVisible() && (shownIn == nullptr || !shownIn->isExposed());
 }
 
 void RootView::advance(double now) {

@@ -52,6 +52,8 @@ class RootView : public QWidget {
 
  private:
   void setOpen(bool open);
+  // Shown, but not yet drawn on screen: a change now has nothing to animate from.
+  bool isAwaitingFirstFrame() const;
   void advance(double now);
   void placeGrid();
   void applyToGrid(double now);

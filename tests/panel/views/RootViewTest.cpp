@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QImage>
 #include <QPainter>
+#include <QTest>
 
 #include "PaintRecorder.h"
 #include "ReferenceImage.h"
@@ -177,6 +178,22 @@ TEST_F(RootViewTest, IdlePanelSchedulesNoRepaint) {
     QCoreApplication::processEvents();
   EXPECT_FALSE(view->isAnimating());
   EXPECT_EQ(counter.count(), 0);
+}
+
+TEST_F(RootViewTest, OpeningBeforeTheFirstFrameShowsTheOpenCardAtOnce) {
+  view->show();  // on its way to the screen, not there yet
+  state.setOpen(true);
+  EXPECT_FALSE(view->isAnimating());
+  EXPECT_EQ(view->cardFrame(), (Rect{0.0, 0.0, 600.0, 148.0}));
+  EXPECT_EQ(view->contentOpacity(), 1.0);
+}
+
+TEST_F(RootViewTest, OnceOnScreenChangesAnimate) {
+  view->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(view.get()));
+  state.setOpen(true);
+  EXPECT_TRUE(view->isAnimating());
+  EXPECT_EQ(view->cardFrame(), (Rect{207.5, 0.0, 185.0, 32.0}));
 }
 
 TEST_F(RootViewTest, StartsInTheStatesCurrentFormWithoutAnimating) {
