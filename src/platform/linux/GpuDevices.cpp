@@ -35,6 +35,14 @@ std::string driverOf(const FileSystemView& files, const std::string& devicePath)
 
 }  // namespace
 
+std::string readRuntimeStatus(const FileSystemView& files, const std::string& devicePath) {
+  return readString(files, joinPath(devicePath, "power/runtime_status"));
+}
+
+std::string readRuntimeControl(const FileSystemView& files, const std::string& devicePath) {
+  return readString(files, joinPath(devicePath, "power/control"));
+}
+
 bool isAsleep(std::string_view runtimeStatus) {
   return runtimeStatus == "suspended" || runtimeStatus == "suspending";
 }
@@ -49,7 +57,7 @@ std::vector<DrmCard> scanDrmCards(const FileSystemView& files) {
     card.devicePath = joinPath(joinPath(kDirectory, name), "device");
     card.driver = driverOf(files, card.devicePath);
     card.vendor = readString(files, joinPath(card.devicePath, "vendor"));
-    card.runtimeStatus = readString(files, joinPath(card.devicePath, "power/runtime_status"));
+    card.runtimeStatus = readRuntimeStatus(files, card.devicePath);
     card.hasBusyPercent = files.exists(joinPath(card.devicePath, "gpu_busy_percent"));
     cards.push_back(std::move(card));
   }
@@ -66,8 +74,8 @@ std::vector<NvidiaPciDevice> scanNvidiaPciDevices(const FileSystemView& files) {
     NvidiaPciDevice device;
     device.slot = slot;
     device.path = path;
-    device.runtimeStatus = readString(files, joinPath(path, "power/runtime_status"));
-    device.runtimeControl = readString(files, joinPath(path, "power/control"));
+    device.runtimeStatus = readRuntimeStatus(files, path);
+    device.runtimeControl = readRuntimeControl(files, path);
     devices.push_back(std::move(device));
   }
   return devices;

@@ -32,6 +32,11 @@ inline constexpr std::string_view kNvidiaVendor = "0x10de";
 // asking its driver would wake it.
 bool isAsleep(std::string_view runtimeStatus);
 
+// A device's runtime-PM status and control (power/runtime_status, power/control); empty when it
+// has no runtime PM.
+std::string readRuntimeStatus(const FileSystemView& files, const std::string& devicePath);
+std::string readRuntimeControl(const FileSystemView& files, const std::string& devicePath);
+
 // Every DRM card in natural order. Only names, links and small status files are read; nothing
 // that would wake a sleeping device.
 std::vector<DrmCard> scanDrmCards(const FileSystemView& files);

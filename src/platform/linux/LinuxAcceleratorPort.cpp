@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <utility>
 
-#include "platform/linux/GpuDevices.h"
 #include "platform/linux/SysfsText.h"
 
 namespace brimly {
@@ -31,9 +30,9 @@ LinuxAcceleratorPort::~LinuxAcceleratorPort() {
 
 std::optional<std::vector<std::optional<PropertyDict>>>
 LinuxAcceleratorPort::readAcceleratorServices() {
+  updateDevices();
   std::vector<std::optional<PropertyDict>> services;
-  for (const DrmCard& card : scanDrmCards(*files_)) {
-    if (card.vendor == kNvidiaVendor || !card.hasBusyPercent) continue;
+  for (const DrmCard& card : cards_) {
     PropertyDict service{{"IOClass", card.driver.empty() ? std::string("amdgpu") : card.driver},
                          {"Card", card.name}};
     if (!card.vendor.empty()) service.set("Vendor", card.vendor);
@@ -50,9 +49,28 @@ LinuxAcceleratorPort::readAcceleratorServices() {
   return services;
 }
 
+void LinuxAcceleratorPort::updateDevices() {
+  if (readingsSinceScan_ == 0) {
+    // Only cards with a busy figure of their own are read; NVIDIA's are read through NVML.
+    cards_ = scanDrmCards(*files_);
+    std::erase_if(cards_, [](const DrmCard& card) {
+      return card.vendor == kNvidiaVendor || !card.hasBusyPercent;
+    });
+    nvidiaDevices_ = scanNvidiaPciDevices(*files_);
+  } else {
+    for (DrmCard& card : cards_)
+      card.runtimeStatus = readRuntimeStatus(*files_, card.devicePath);
+    for (NvidiaPciDevice& device : nvidiaDevices_) {
+      device.runtimeStatus = readRuntimeStatus(*files_, device.path);
+      device.runtimeControl = readRuntimeControl(*files_, device.path);
+    }
+  }
+  readingsSinceScan_ = (readingsSinceScan_ + 1) % readingsPerScan;
+}
+
 void LinuxAcceleratorPort::appendNvidiaServices(
     std::vector<std::optional<PropertyDict>>& services) {
-  const std::vector<NvidiaPciDevice> devices = scanNvidiaPciDevices(*files_);
+  const std::vector<NvidiaPciDevice>& devices = nvidiaDevices_;
   if (devices.empty() || !nvml_) {
     if (nvml_) nvml_->close();
     return;

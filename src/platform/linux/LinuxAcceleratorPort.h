@@ -1,9 +1,11 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "platform/AcceleratorPort.h"
 #include "platform/linux/FileSystemView.h"
+#include "platform/linux/GpuDevices.h"
 #include "platform/linux/NvmlLibrary.h"
 
 namespace brimly {
@@ -19,8 +21,15 @@ namespace brimly {
 // (runtime control "auto") it is shut down again after each reading, since an initialised
 // library keeps the GPU awake. A library that fails to open is not tried again by this reader.
 // Intel and virtual GPUs offer no load figure and are not listed.
+//
+// GPUs come and go only when one is plugged in or out, and finding them means listing the DRM
+// cards and the PCI bus and reading several files of every device. So they are looked for on the
+// first reading and then on every `readingsPerScan`-th; the readings in between read only what
+// changes: each known GPU's runtime status and its load.
 class LinuxAcceleratorPort : public AcceleratorPort {
  public:
+  static constexpr int readingsPerScan = 60;
+
   LinuxAcceleratorPort(std::shared_ptr<const FileSystemView> files,
                        std::unique_ptr<NvmlLibrary> nvml);
   ~LinuxAcceleratorPort() override;
@@ -29,11 +38,15 @@ class LinuxAcceleratorPort : public AcceleratorPort {
   std::optional<std::vector<std::optional<PropertyDict>>> readAcceleratorServices() override;
 
  private:
+  void updateDevices();
   void appendNvidiaServices(std::vector<std::optional<PropertyDict>>& services);
 
   std::shared_ptr<const FileSystemView> files_;
   std::unique_ptr<NvmlLibrary> nvml_;
   bool nvmlFailed_ = false;
+  std::vector<DrmCard> cards_;
+  std::vector<NvidiaPciDevice> nvidiaDevices_;
+  int readingsSinceScan_ = 0;
 };
 
 }  // namespace brimly

@@ -177,5 +177,62 @@ TEST_F(SleepingNvidiaLaptop, AGpuOnItsWayToSleepIsLeftAlone) {
   EXPECT_EQ(nvml->opens, 0);
 }
 
+TEST_F(SleepingNvidiaLaptop, AWakingGpuIsNoticedAtTheNextReading) {
+  port.readAcceleratorServices();
+  setStatus("active");
+  const auto services = port.readAcceleratorServices();
+  EXPECT_EQ((*services)[0]->dict("PerformanceStatistics")->integer("Device Utilization %"), 37);
+}
+
+class GpuInventory : public SleepingNvidiaLaptop {
+ protected:
+  int vendorReads() const { return static_cast<int>(files->readsEndingIn("/vendor").size()); }
+
+  std::shared_ptr<testing::RecordingFileSystem> files =
+      std::make_shared<testing::RecordingFileSystem>(tree.root());
+  LinuxAcceleratorPort watched{files, std::make_unique<FakeNvml>(nvml)};
+};
+
+TEST_F(GpuInventory, TheBusIsLookedOverOnceAndThenEverySixtiethReading) {
+  watched.readAcceleratorServices();
+  EXPECT_EQ(vendorReads(), 2);  // the Intel and the NVIDIA controller
+  for (int reading = 2; reading <= LinuxAcceleratorPort::readingsPerScan; ++reading) {
+    watched.readAcceleratorServices();
+  }
+  EXPECT_EQ(vendorReads(), 2);
+  EXPECT_EQ(files->readsEndingIn("0000:01:00.0/power/runtime_status").size(),
+            static_cast<std::size_t>(LinuxAcceleratorPort::readingsPerScan));
+  watched.readAcceleratorServices();
+  EXPECT_EQ(vendorReads(), 4);
+}
+
+TEST_F(GpuInventory, AGpuPluggedInIsFoundAtTheNextScan) {
+  watched.readAcceleratorServices();
+  tree.write("sys/class/drm/card2/device/vendor", "0x1002\n");
+  tree.write("sys/class/drm/card2/device/gpu_busy_percent", "64\n");
+  EXPECT_EQ(watched.readAcceleratorServices()->size(), 1u);
+  for (int reading = 3; reading <= LinuxAcceleratorPort::readingsPerScan; ++reading) {
+    watched.readAcceleratorServices();
+  }
+  const auto services = watched.readAcceleratorServices();
+  ASSERT_EQ(services->size(), 2u);
+  ASSERT_NE((*services)[0]->string("Card"), nullptr);
+  EXPECT_EQ(*(*services)[0]->string("Card"), "card2");
+  EXPECT_EQ((*services)[0]->dict("PerformanceStatistics")->integer("Device Utilization %"), 64);
+}
+
+TEST(LinuxAcceleratorPort, AnIntelMachineReadsNothingBetweenScans) {
+  testing::TemporaryTree tree;
+  tree.write("sys/bus/pci/devices/0000:00:02.0/vendor", "0x8086\n");
+  tree.write("sys/bus/pci/devices/0000:00:02.0/class", "0x030000\n");
+  tree.write("sys/class/drm/card0/device/vendor", "0x8086\n");
+  auto files = std::make_shared<testing::RecordingFileSystem>(tree.root());
+  LinuxAcceleratorPort port(files, std::make_unique<FakeNvml>(rtx4070()));
+  port.readAcceleratorServices();
+  files->forget();
+  EXPECT_TRUE(port.readAcceleratorServices()->empty());
+  EXPECT_EQ(files->totalReads(), 0);
+}
+
 }  // namespace
 }  // namespace brimly
