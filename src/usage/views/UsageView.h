@@ -67,11 +67,11 @@ class UsageView : public QWidget {
 
  private:
   // What one frame of a cell looks like, in steps a viewer could tell apart: the bar's fill in
-  // half device pixels, and whether it has arrived; the value text's cross-fade in quarters. A
+  // whole device pixels, and whether it has arrived; the value text's cross-fade in quarters. A
   // frame that would draw the same steps is not painted. The bar's arrival is always painted, so
   // that it ends at its exact length; the cross-fade is drawn in its steps, whose last is the end.
   struct CellLook {
-    static constexpr double barStepsPerPixel = 2.0;
+    static constexpr double barStepsPerPixel = 1.0;
     static constexpr double textFadeSteps = 4.0;
 
     long barFill = -1;
