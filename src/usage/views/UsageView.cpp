@@ -139,18 +139,23 @@ void UsageView::rebuild() {
   }
   // Only the parts that show something new are repainted; most samples change one or two.
   for (std::size_t i = 0; i < contents_.size(); ++i) {
-    repaintChangedParts(grid_.cells[i], oldContents[i], contents_[i]);
+    repaintChangedParts(grid_.cells[i], oldContents[i], contents_[i], now);
   }
 }
 
 void UsageView::repaintChangedParts(const CellPlacement& placement, const MetricCellContent& before,
-                                    const MetricCellContent& after) {
-  if (before.label != after.label || before.primary != after.primary) {
-    update(headerArea(placement));
-  }
-  if (barStep(before.barValue) != barStep(after.barValue) ||
+                                    const MetricCellContent& after, double now) {
+  // A value text or bar that has just begun to move still looks as it did: its frames repaint it.
+  CellMotion& motion = motion_.at(placement.kind.value());
+  const bool newText = before.primary != after.primary && !motion.textFade.isRunning(now);
+  if (before.label != after.label || newText) update(headerArea(placement));
+  const CellLook look = lookAt(motion, now);
+  const bool barJumped = !motion.bar.isRunning(now) && look.barFill != motion.shown.barFill;
+  if (barJumped ||
       colors(before.barValue, before.palette) != colors(after.barValue, after.palette)) {
     update(barArea(placement));
+    motion.shown.barFill = look.barFill;
+    motion.shown.barArrived = look.barArrived;
   }
   if (before.secondary != after.secondary) update(detailArea(placement));
 }

@@ -101,7 +101,7 @@ class UsageView : public QWidget {
   // The bar's fill for `value` in the steps of `CellLook`.
   long barStep(double value) const;
   void repaintChangedParts(const CellPlacement& placement, const MetricCellContent& before,
-                           const MetricCellContent& after);
+                           const MetricCellContent& after, double now);
   // The parts of the cell at `placement` that are repainted on their own, in the grid's pixels.
   QRect headerArea(const CellPlacement& placement) const;
   QRect barArea(const CellPlacement& placement) const;

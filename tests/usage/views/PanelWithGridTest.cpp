@@ -187,6 +187,18 @@ TEST_F(OpenPanelTest, ASampleRepaintsOnlyTheCellThatChanged) {
   EXPECT_TRUE(cellRect(MetricKind::cpu).contains(paints.painted().boundingRect()));
 }
 
+TEST_F(OpenPanelTest, PartsThatBeginToMoveWaitForTheirFirstFrame) {
+  MetricSample next = sample();
+  next.cpu = 0.30;  // a new text and a longer bar, in the same colours
+  grid->setSample(next);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(paints.count(), 0);  // the first moment of both looks as before
+  now += grid->frameTimer().msToNextFrame() / 1000.0;
+  grid->frameTimer().tick();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(paints.count(), 1);
+}
+
 TEST_F(OpenPanelTest, GlidingBarRepaintsOnlyItsCellsValueAndBar) {
   MetricSample next = sample();
   next.cpu = 0.91;
