@@ -76,7 +76,6 @@ void AppDelegate::placePanel() {
     window_->setFrame(QtScreenPort::desktopCoordinates().toTopLeft(*placement_.panelFrame));
   }
   window_->show();
-  window_->raise();
   desktop_.overlayShown(*window_);
 }
 

@@ -4,6 +4,8 @@
 
 namespace brimly {
 
-int runAuditReport(int argc, char** argv) { return Audit::runAuditReport(argc, argv); }
+int runAuditReport(int argc, char** argv) {
+  return Audit::runAuditReport(argc, argv);
+}
 
 }  // namespace brimly

@@ -22,7 +22,8 @@ class DesktopIntegration {
   // Called once the panel's native window exists and before it is first shown.
   virtual void prepareOverlay(PanelWindow& window) = 0;
   // Called right after every show() of the panel: a desktop may reset native window settings, or
-  // even replace the native window, while showing it.
+  // even replace the native window, while showing it. Brings the panel to the front without
+  // activating the application.
   virtual void overlayShown(PanelWindow& window) = 0;
   // Called after the panel was given a new root view (the screens changed).
   virtual void rootViewReplaced(PanelWindow& window) = 0;

@@ -39,6 +39,9 @@ void MacDesktopIntegration::prepareOverlay(PanelWindow& window) {
 void MacDesktopIntegration::overlayShown(PanelWindow& window) {
   // Showing may recreate the native window and reapplies Qt's level, shadow and mouse handling.
   configure(window);
+  // Not QWidget::raise(): on macOS that also activates the application, taking the keyboard
+  // from whatever the user was typing into.
+  orderOverlayFront(static_cast<std::uintptr_t>(window.winId()));
 }
 
 void MacDesktopIntegration::rootViewReplaced(PanelWindow&) {

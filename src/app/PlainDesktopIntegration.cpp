@@ -1,8 +1,13 @@
 #include "app/PlainDesktopIntegration.h"
 
 #include "app/HoverNotice.h"
+#include "panel/views/PanelWindow.h"
 
 namespace brimly {
+
+void PlainDesktopIntegration::overlayShown(PanelWindow& window) {
+  window.raise();
+}
 
 std::optional<std::string> PlainDesktopIntegration::hoverNotice() const {
   if (!tellAboutHover_) return std::nullopt;

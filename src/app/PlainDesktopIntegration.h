@@ -17,7 +17,7 @@ class PlainDesktopIntegration final : public DesktopIntegration {
   const ScreenPort& screens() const override { return screens_; }
   PointerPort& pointer() override { return pointer_; }
   void prepareOverlay(PanelWindow&) override {}
-  void overlayShown(PanelWindow&) override {}
+  void overlayShown(PanelWindow& window) override;
   void rootViewReplaced(PanelWindow&) override {}
   std::optional<std::string> hoverNotice() const override;
 

@@ -44,6 +44,10 @@ void X11DesktopIntegration::prepareOverlay(PanelWindow& window) {
   if (!desktop_->hasCompositingManager()) mask_ = std::make_unique<PanelShapeMask>(window);
 }
 
+void X11DesktopIntegration::overlayShown(PanelWindow& window) {
+  window.raise();
+}
+
 void X11DesktopIntegration::rootViewReplaced(PanelWindow&) {
   if (mask_) mask_->follow();
 }

@@ -23,7 +23,7 @@ class X11DesktopIntegration final : public DesktopIntegration {
   const ScreenPort& screens() const override { return screens_; }
   PointerPort& pointer() override;
   void prepareOverlay(PanelWindow& window) override;
-  void overlayShown(PanelWindow&) override {}
+  void overlayShown(PanelWindow& window) override;
   void rootViewReplaced(PanelWindow& window) override;
   std::optional<std::string> hoverNotice() const override;
 

@@ -25,4 +25,8 @@ void becomeAccessoryApplication();
 // the id has no native window.
 bool configureOverlayPanel(std::uintptr_t windowId);
 
+// Puts the overlay panel in front of the other windows of its level without activating the
+// application (orderFrontRegardless). False when the id has no native window.
+bool orderOverlayFront(std::uintptr_t windowId);
+
 }  // namespace brimly

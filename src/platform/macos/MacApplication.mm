@@ -55,4 +55,14 @@ bool configureOverlayPanel(std::uintptr_t windowId) {
   }
 }
 
+bool orderOverlayFront(std::uintptr_t windowId) {
+  if (windowId == 0) return false;
+  @autoreleasepool {
+    NSWindow* window = ((__bridge NSView*)reinterpret_cast<void*>(windowId)).window;
+    if (window == nil) return false;
+    [window orderFrontRegardless];
+    return true;
+  }
+}
+
 }  // namespace brimly

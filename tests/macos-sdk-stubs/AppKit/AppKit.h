@@ -43,6 +43,7 @@ typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior){
 @property(getter=isMovable) BOOL movable;
 @property BOOL hidesOnDeactivate;
 @property BOOL ignoresMouseEvents;
+- (void)orderFrontRegardless;
 @end
 
 // <AppKit/NSScreen.h>
