@@ -79,7 +79,7 @@ void UsageView::setUseFahrenheit(bool useFahrenheit) {
 
 double UsageView::shownBarValue(MetricKind kind) const {
   const auto found = motion_.find(kind.value());
-  return found == motion_.end() ? 0.0 : found->second.bar.value(frameTimer_.now());
+  return found == motion_.end() ? 0.0 : barValueShown(found->second, frameTimer_.now());
 }
 
 QSize UsageView::sizeHint() const {
@@ -155,7 +155,6 @@ void UsageView::repaintChangedParts(const CellPlacement& placement, const Metric
       colors(before.barValue, before.palette) != colors(after.barValue, after.palette)) {
     update(barArea(placement));
     motion.shown.barFill = look.barFill;
-    motion.shown.barArrived = look.barArrived;
   }
   if (before.secondary != after.secondary) update(detailArea(placement));
 }
@@ -166,6 +165,11 @@ bool UsageView::anyRunning(double now) const {
   });
 }
 
+double UsageView::barValueShown(const CellMotion& motion, double now) const {
+  const double value = motion.bar.value(now);
+  return barStep(value) == barStep(motion.bar.target()) ? motion.bar.target() : value;
+}
+
 long UsageView::barStep(double value) const {
   const double fill =
       MetricGridLayout::cellLayout(cellWidth_, headerHeight_).barFillFrame(value).width;
@@ -173,7 +177,7 @@ long UsageView::barStep(double value) const {
 }
 
 UsageView::CellLook UsageView::lookAt(const CellMotion& motion, double now) const {
-  return {barStep(motion.bar.value(now)), !motion.bar.isRunning(now),
+  return {barStep(motion.bar.value(now)),
           std::lround(textFadeStep(motion, now) * CellLook::textFadeSteps)};
 }
 
@@ -197,9 +201,7 @@ void UsageView::advance(double now) {
   for (const CellPlacement& placement : grid_.cells) {
     CellMotion& motion = motion_.at(placement.kind.value());
     const CellLook look = lookAt(motion, now);
-    if (look.barFill != motion.shown.barFill || look.barArrived != motion.shown.barArrived) {
-      update(barArea(placement));
-    }
+    if (look.barFill != motion.shown.barFill) update(barArea(placement));
     if (look.textFade != motion.shown.textFade) update(headerArea(placement));
     motion.shown = look;
   }
@@ -276,7 +278,7 @@ void UsageView::paintBar(QPainter& painter, const CellGeometry& cell,
                          const MetricCellContent& content, const CellMotion& motion,
                          double now) const {
   fillCapsule(painter, cell.bar, toQColor(Theme::barTrack));
-  const Rect fill = cell.barFillFrame(motion.bar.value(now));
+  const Rect fill = cell.barFillFrame(barValueShown(motion, now));
   // The colours follow the new value at once; only the length glides.
   const ColorPair pair = colors(content.barValue, content.palette);
   QLinearGradient gradient(QPointF(fill.x, 0.0), QPointF(fill.x + fill.width, 0.0));

@@ -67,15 +67,14 @@ class UsageView : public QWidget {
 
  private:
   // What one frame of a cell looks like, in steps a viewer could tell apart: the bar's fill in
-  // whole device pixels, and whether it has arrived; the value text's cross-fade in quarters. A
-  // frame that would draw the same steps is not painted. The bar's arrival is always painted, so
-  // that it ends at its exact length; the cross-fade is drawn in its steps, whose last is the end.
+  // whole device pixels and the value text's cross-fade in quarters. A frame that would draw the
+  // same steps is not painted. Both are drawn so that their last step is their exact end: a bar
+  // within its last pixel is drawn at its target length, and the cross-fade in its steps.
   struct CellLook {
     static constexpr double barStepsPerPixel = 1.0;
     static constexpr double textFadeSteps = 4.0;
 
     long barFill = -1;
-    bool barArrived = false;
     long textFade = -1;
     bool operator==(const CellLook&) const = default;
   };
@@ -98,6 +97,8 @@ class UsageView : public QWidget {
   // arrives without another change a viewer could see.
   std::optional<int> framesUntilNextLook(double now) const;
   void scheduleNextFrame(double now);
+  // The bar value drawn now: the gliding value, or the target once within the target's step.
+  double barValueShown(const CellMotion& motion, double now) const;
   // The bar's fill for `value` in the steps of `CellLook`.
   long barStep(double value) const;
   void repaintChangedParts(const CellPlacement& placement, const MetricCellContent& before,
