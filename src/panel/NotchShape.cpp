@@ -1,5 +1,6 @@
 #include "panel/NotchShape.h"
 
+#include <algorithm>
 #include <numbers>
 
 namespace brimly {
@@ -21,6 +22,19 @@ std::vector<PathElement> NotchShape::path(const Rect& rect) const {
       PathElement::arc({b, h - b}, b, pi / 2.0, pi),  // bottom left, ends at (0, h - b)
       PathElement::close(),
   };
+}
+
+bool NotchShape::plainlyContains(const Rect& frame, const Rect& area) const {
+  const auto within = [&area](const Rect& band) {
+    return area.x >= band.x && area.maxX() <= band.maxX() && area.y >= band.y &&
+           area.maxY() <= band.maxY();
+  };
+  // Between the corners' columns the outline spans its full height; between their rows, its full
+  // width.
+  const double inset = std::max(topRadius, bottomRadius);
+  return within({frame.x + inset, frame.y, frame.width - 2.0 * inset, frame.height}) ||
+         within(
+             {frame.x, frame.y + topRadius, frame.width, frame.height - topRadius - bottomRadius});
 }
 
 }  // namespace brimly

@@ -20,6 +20,10 @@ struct NotchShape {
   // are, never reduced to fit, so a rectangle narrower than two bottom radii gets crossing arcs.
   std::vector<PathElement> path(const Rect& rect) const;
 
+  // Whether `area` lies inside the outline of `frame` where no corner reaches, so that filling the
+  // outline there is filling `area` (both in the same coordinates; `frame` placed where it is).
+  bool plainlyContains(const Rect& frame, const Rect& area) const;
+
   // The pair an animation interpolates: (topRadius, bottomRadius).
   std::pair<double, double> animatableData() const { return {topRadius, bottomRadius}; }
   void setAnimatableData(std::pair<double, double> data) {

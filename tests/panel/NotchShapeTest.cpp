@@ -16,6 +16,17 @@ void expectNear(Point actual, Point expected) {
   EXPECT_NEAR(actual.y, expected.y, 1e-9);
 }
 
+TEST(NotchShape, PlainlyContainsWhatNoCornerReaches) {
+  const NotchShape shape{7.0, 22.0};
+  const Rect card{100.0, 0.0, 600.0, 148.0};
+  EXPECT_TRUE(shape.plainlyContains(card, {122.0, 0.0, 556.0, 148.0}));   // between the corners
+  EXPECT_TRUE(shape.plainlyContains(card, {100.0, 7.0, 600.0, 119.0}));   // between their rows
+  EXPECT_TRUE(shape.plainlyContains(card, {126.0, 40.0, 174.0, 20.0}));   // a strip of the grid
+  EXPECT_FALSE(shape.plainlyContains(card, {121.0, 130.0, 10.0, 10.0}));  // in a bottom corner
+  EXPECT_FALSE(shape.plainlyContains(card, {100.0, 0.0, 10.0, 5.0}));     // in a top corner
+  EXPECT_FALSE(shape.plainlyContains(card, {90.0, 40.0, 20.0, 20.0}));    // across the edge
+}
+
 TEST(NotchShape, IgnoresTheRectanglesOrigin) {
   const NotchShape shape{7.0, 22.0};
   EXPECT_EQ(shape.path({10.0, 10.0, 100.0, 40.0}), shape.path({0.0, 0.0, 100.0, 40.0}));

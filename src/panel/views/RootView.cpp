@@ -113,14 +113,17 @@ void RootView::placeGrid() {
 
 void RootView::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
-  const QPainterPath card = cardPath(cardFrame());
+  const Rect card = cardFrame();
+  const QRect area = event->rect();
   // The open grid's updates repaint small strips well inside the card: those are plain black.
-  if (card.contains(QRectF(event->rect()))) {
-    painter.fillRect(event->rect(), Qt::black);
+  if (outline.plainlyContains(
+          card, {static_cast<double>(area.x()), static_cast<double>(area.y()),
+                 static_cast<double>(area.width()), static_cast<double>(area.height())})) {
+    painter.fillRect(area, Qt::black);
     return;
   }
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.fillPath(card, Qt::black);
+  painter.fillPath(cardPath(card), Qt::black);
 }
 
 void RootView::resizeEvent(QResizeEvent* event) {
