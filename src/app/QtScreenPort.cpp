@@ -4,6 +4,7 @@
 #include <QScreen>
 
 #include "app/ScreenConversion.h"
+#include "panel/views/QtGeometry.h"
 
 namespace brimly {
 namespace {

@@ -6,9 +6,6 @@
 
 namespace brimly {
 
-// A Qt rectangle (top-left origin, whole pixels) as a plain rectangle in the same coordinates.
-Rect toRect(const QRect& rect);
-
 // The strip a desktop's top panel reserves on a screen: how far the usable area starts below the
 // screen's top edge. 0 when nothing is reserved or the usable area is not inside the screen.
 double topStripThickness(const QRect& geometry, const QRect& availableGeometry);

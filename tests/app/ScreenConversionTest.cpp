@@ -1,4 +1,5 @@
 #include "app/ScreenConversion.h"
+#include "panel/views/QtGeometry.h"
 
 #include <gtest/gtest.h>
 

@@ -9,6 +9,7 @@
 #include "panel/PanelState.h"
 #include "panel/views/CardLayerEffect.h"
 #include "panel/views/NotchPainterPath.h"
+#include "panel/views/QtGeometry.h"
 
 namespace brimly {
 
@@ -116,9 +117,7 @@ void RootView::paintEvent(QPaintEvent* event) {
   const Rect card = cardFrame();
   const QRect area = event->rect();
   // The open grid's updates repaint small strips well inside the card: those are plain black.
-  if (outline.plainlyContains(
-          card, {static_cast<double>(area.x()), static_cast<double>(area.y()),
-                 static_cast<double>(area.width()), static_cast<double>(area.height())})) {
+  if (outline.plainlyContains(card, toRect(area))) {
     painter.fillRect(area, Qt::black);
     return;
   }

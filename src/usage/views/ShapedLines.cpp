@@ -10,21 +10,21 @@ const ShapedLines::Line& ShapedLines::line(const QString& text, const QFont& fon
                                            const QPaintDevice& device, double maxWidth) {
   // A different font (another screen's resolution) or width shapes every line anew.
   if (font_ != font || maxWidth != maxWidth_ || lines_.size() >= capacity) {
-    const QFontMetricsF metrics(font, &device);
     font_ = font;
     maxWidth_ = maxWidth;
-    ascent_ = metrics.ascent();
-    height_ = metrics.height();
+    metrics_.emplace(font, &device);
     lines_.clear();
   }
   const auto found = lines_.constFind(text);
   if (found != lines_.constEnd()) return *found;
 
-  const QFontMetricsF metrics(font, &device);
+  const QFontMetricsF& metrics = *metrics_;
   Line shaped;
-  shaped.text = maxWidth == unlimited ? text : metrics.elidedText(text, Qt::ElideRight, maxWidth);
-  shaped.advance = metrics.horizontalAdvance(shaped.text);
-  QTextLayout layout(shaped.text, font, &device);
+  // Cut with an ellipsis where it does not fit.
+  const QString shown =
+      maxWidth == unlimited ? text : metrics.elidedText(text, Qt::ElideRight, maxWidth);
+  shaped.advance = metrics.horizontalAdvance(shown);
+  QTextLayout layout(shown, font, &device);
   QTextOption option;
   option.setWrapMode(QTextOption::NoWrap);
   layout.setTextOption(option);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QGlyphRun>
 #include <QHash>
 #include <QList>
@@ -22,7 +23,6 @@ class ShapedLines {
   static constexpr double unlimited = std::numeric_limits<double>::infinity();
 
   struct Line {
-    QString text;          // as shown: cut with an ellipsis where it did not fit
     double advance = 0.0;  // how far the pen moves over the line
     double layoutAscent = 0.0;
     QList<QGlyphRun> glyphs;
@@ -32,8 +32,8 @@ class ShapedLines {
   // those of every line of it.
   const Line& line(const QString& text, const QFont& font, const QPaintDevice& device,
                    double maxWidth = unlimited);
-  double ascent() const { return ascent_; }
-  double height() const { return height_; }
+  double ascent() const { return metrics_ ? metrics_->ascent() : 0.0; }
+  double height() const { return metrics_ ? metrics_->height() : 0.0; }
 
   // Draws `line` in the painter's pen with its baseline starting at `baseline`.
   static void draw(QPainter& painter, QPointF baseline, const Line& line);
@@ -44,8 +44,7 @@ class ShapedLines {
 
   std::optional<QFont> font_;
   double maxWidth_ = unlimited;
-  double ascent_ = 0.0;
-  double height_ = 0.0;
+  std::optional<QFontMetricsF> metrics_;  // of `font_` on the device last drawn on
   QHash<QString, Line> lines_;
 };
 

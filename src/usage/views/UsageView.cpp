@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "panel/views/QtGeometry.h"
 #include "usage/Theme.h"
 #include "usage/UsageColors.h"
 #include "usage/views/QtColor.h"
@@ -16,14 +17,10 @@ namespace brimly {
 
 namespace {
 
-QRectF toQRect(const Rect& rect) {
-  return QRectF(rect.x, rect.y, rect.width, rect.height);
-}
-
 // The whole pixels `rect` (in a cell) touches inside the grid, with a pixel to spare on every side
 // for antialiased edges.
 QRect repaintArea(const Rect& rect, const CellPlacement& placement) {
-  return toQRect(rect)
+  return toQRectF(rect)
       .translated(placement.frame.x, placement.frame.y)
       .toAlignedRect()
       .adjusted(-1, -1, 1, 1);
@@ -32,7 +29,7 @@ QRect repaintArea(const Rect& rect, const CellPlacement& placement) {
 void fillCapsule(QPainter& painter, const Rect& frame, const QBrush& brush) {
   QPainterPath capsule;
   const double radius = std::min(frame.width, frame.height) / 2.0;
-  capsule.addRoundedRect(toQRect(frame), radius, radius);
+  capsule.addRoundedRect(toQRectF(frame), radius, radius);
   painter.fillPath(capsule, brush);
 }
 
@@ -57,6 +54,7 @@ UsageView::UsageView(int columns, double cellWidth, UsageTypography typography, 
   const QFontMetricsF label(typography_.labelFont(*this), this);
   const QFontMetricsF value(typography_.valueFont(*this), this);
   headerHeight_ = std::ceil(std::max(label.height(), value.height()));
+  cell_ = MetricGridLayout::cellLayout(cellWidth_, headerHeight_);
   connect(&frameTimer_, &FrameTimer::frame, this, &UsageView::advance);
   rebuild();
   resize(sizeHint());
@@ -171,30 +169,28 @@ double UsageView::barValueShown(const CellMotion& motion, double now) const {
 }
 
 long UsageView::barStep(double value) const {
-  const double fill =
-      MetricGridLayout::cellLayout(cellWidth_, headerHeight_).barFillFrame(value).width;
+  const double fill = cell_.barFillFrame(value).width;
   return std::lround(fill * devicePixelRatioF() * CellLook::barStepsPerPixel);
 }
 
 UsageView::CellLook UsageView::lookAt(const CellMotion& motion, double now) const {
-  return {barStep(motion.bar.value(now)),
-          std::lround(textFadeStep(motion, now) * CellLook::textFadeSteps)};
+  return {barStep(motion.bar.value(now)), textFadeStep(motion, now)};
 }
 
-double UsageView::textFadeStep(const CellMotion& motion, double now) {
-  return std::round(motion.textFade.value(now) * CellLook::textFadeSteps) / CellLook::textFadeSteps;
+long UsageView::textFadeStep(const CellMotion& motion, double now) {
+  return std::lround(motion.textFade.value(now) * CellLook::textFadeSteps);
 }
 
 QRect UsageView::detailArea(const CellPlacement& placement) const {
-  return repaintArea(MetricGridLayout::cellLayout(cellWidth_, headerHeight_).detail, placement);
+  return repaintArea(cell_.detail, placement);
 }
 
 QRect UsageView::barArea(const CellPlacement& placement) const {
-  return repaintArea(MetricGridLayout::cellLayout(cellWidth_, headerHeight_).bar, placement);
+  return repaintArea(cell_.bar, placement);
 }
 
 QRect UsageView::headerArea(const CellPlacement& placement) const {
-  return repaintArea(MetricGridLayout::cellLayout(cellWidth_, headerHeight_).header, placement);
+  return repaintArea(cell_.header, placement);
 }
 
 void UsageView::advance(double now) {
@@ -238,47 +234,43 @@ void UsageView::paintEvent(QPaintEvent* event) {
   for (std::size_t i = 0; i < grid_.cells.size() && i < contents_.size(); ++i) {
     const CellPlacement& placement = grid_.cells[i];
     const CellMotion& motion = motion_.at(placement.kind.value());
-    const CellGeometry cell = MetricGridLayout::cellLayout(cellWidth_, headerHeight_);
     painter.save();
     painter.translate(placement.frame.x, placement.frame.y);
-    if (region.intersects(headerArea(placement)))
-      paintHeader(painter, cell, contents_[i], motion, now);
-    if (region.intersects(barArea(placement))) paintBar(painter, cell, contents_[i], motion, now);
-    if (region.intersects(detailArea(placement))) paintDetail(painter, cell, contents_[i]);
+    if (region.intersects(headerArea(placement))) paintHeader(painter, contents_[i], motion, now);
+    if (region.intersects(barArea(placement))) paintBar(painter, contents_[i], motion, now);
+    if (region.intersects(detailArea(placement))) paintDetail(painter, contents_[i]);
     painter.restore();
   }
 }
 
 // The label at the leading edge, the value at the trailing edge (cross-fading from the old text).
-void UsageView::paintHeader(QPainter& painter, const CellGeometry& cell,
-                            const MetricCellContent& content, const CellMotion& motion,
-                            double now) {
+void UsageView::paintHeader(QPainter& painter, const MetricCellContent& content,
+                            const CellMotion& motion, double now) {
   const QPaintDevice& device = *painter.device();
   const ShapedLines::Line& label =
       labels_.line(QString::fromStdString(content.label), typography_.labelFont(device), device);
-  drawLine(painter, cell.labelFrame({label.advance, labels_.height()}), labels_.ascent(), label,
+  drawLine(painter, cell_.labelFrame({label.advance, labels_.height()}), labels_.ascent(), label,
            toQColor(Theme::secondaryForeground));
 
   const QFont valueFont = typography_.valueFont(device);
-  const double fade = textFadeStep(motion, now);
+  const double fade = static_cast<double>(textFadeStep(motion, now)) / CellLook::textFadeSteps;
   const auto drawPrimary = [&](const std::string& text, double opacity) {
     if (opacity <= 0.0) return;
     const ShapedLines::Line& value = values_.line(QString::fromStdString(text), valueFont, device);
     QColor colour = toQColor(Theme::primaryForeground);
     colour.setAlphaF(static_cast<float>(colour.alphaF() * opacity));
-    drawLine(painter, cell.primaryFrame({value.advance, values_.height()}), values_.ascent(), value,
-             colour);
+    drawLine(painter, cell_.primaryFrame({value.advance, values_.height()}), values_.ascent(),
+             value, colour);
   };
   if (fade < 1.0) drawPrimary(motion.previousPrimary, 1.0 - fade);
   drawPrimary(content.primary, fade);
 }
 
 // A faint full-width track, and the coloured fill over it.
-void UsageView::paintBar(QPainter& painter, const CellGeometry& cell,
-                         const MetricCellContent& content, const CellMotion& motion,
-                         double now) const {
-  fillCapsule(painter, cell.bar, toQColor(Theme::barTrack));
-  const Rect fill = cell.barFillFrame(barValueShown(motion, now));
+void UsageView::paintBar(QPainter& painter, const MetricCellContent& content,
+                         const CellMotion& motion, double now) const {
+  fillCapsule(painter, cell_.bar, toQColor(Theme::barTrack));
+  const Rect fill = cell_.barFillFrame(barValueShown(motion, now));
   // The colours follow the new value at once; only the length glides.
   const ColorPair pair = colors(content.barValue, content.palette);
   QLinearGradient gradient(QPointF(fill.x, 0.0), QPointF(fill.x + fill.width, 0.0));
@@ -287,13 +279,12 @@ void UsageView::paintBar(QPainter& painter, const CellGeometry& cell,
   fillCapsule(painter, fill, gradient);
 }
 
-void UsageView::paintDetail(QPainter& painter, const CellGeometry& cell,
-                            const MetricCellContent& content) {
+void UsageView::paintDetail(QPainter& painter, const MetricCellContent& content) {
   const QPaintDevice& device = *painter.device();
   const ShapedLines::Line& detail =
       details_.line(QString::fromStdString(content.secondary), typography_.detailFont(device),
-                    device, cell.detail.width);
-  drawLine(painter, cell.detailTextFrame({detail.advance, details_.height()}), details_.ascent(),
+                    device, cell_.detail.width);
+  drawLine(painter, cell_.detailTextFrame({detail.advance, details_.height()}), details_.ascent(),
            detail, toQColor(Theme::secondaryForeground));
 }
 

@@ -92,7 +92,7 @@ class UsageView : public QWidget {
   bool anyRunning(double now) const;
   CellLook lookAt(const CellMotion& motion, double now) const;
   // How far the new value text has faded in, in the steps of `CellLook`.
-  static double textFadeStep(const CellMotion& motion, double now);
+  static long textFadeStep(const CellMotion& motion, double now);
   // How many frames from `now` until one would paint something new; none when everything
   // arrives without another change a viewer could see.
   std::optional<int> framesUntilNextLook(double now) const;
@@ -107,16 +107,17 @@ class UsageView : public QWidget {
   QRect headerArea(const CellPlacement& placement) const;
   QRect barArea(const CellPlacement& placement) const;
   QRect detailArea(const CellPlacement& placement) const;
-  void paintHeader(QPainter& painter, const CellGeometry& cell, const MetricCellContent& content,
-                   const CellMotion& motion, double now);
-  void paintBar(QPainter& painter, const CellGeometry& cell, const MetricCellContent& content,
-                const CellMotion& motion, double now) const;
-  void paintDetail(QPainter& painter, const CellGeometry& cell, const MetricCellContent& content);
+  void paintHeader(QPainter& painter, const MetricCellContent& content, const CellMotion& motion,
+                   double now);
+  void paintBar(QPainter& painter, const MetricCellContent& content, const CellMotion& motion,
+                double now) const;
+  void paintDetail(QPainter& painter, const MetricCellContent& content);
 
   int columns_;
   double cellWidth_;
   UsageTypography typography_;
   double headerHeight_ = 0.0;
+  CellGeometry cell_;  // the inside of every cell, which depends only on the two above
   MetricSample sample_;
   std::vector<MetricKind> order_ = MetricKind::defaultOrder();
   bool useFahrenheit_ = false;

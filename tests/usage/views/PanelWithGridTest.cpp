@@ -10,6 +10,7 @@
 #include "PaintRecorder.h"
 #include "ReferenceImage.h"
 #include "panel/PanelState.h"
+#include "panel/views/QtGeometry.h"
 #include "panel/views/RootView.h"
 #include "usage/views/UsageView.h"
 
@@ -158,9 +159,7 @@ class OpenPanelTest : public PanelWithGridTest {
   QRect cellRect(MetricKind kind) const {
     for (const CellPlacement& cell : grid->geometry().cells) {
       if (cell.kind == kind) {
-        return QRectF(cell.frame.x, cell.frame.y, cell.frame.width, cell.frame.height)
-            .toAlignedRect()
-            .adjusted(-1, -1, 1, 1);
+        return toQRectF(cell.frame).toAlignedRect().adjusted(-1, -1, 1, 1);
       }
     }
     return {};
