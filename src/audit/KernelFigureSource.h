@@ -23,6 +23,7 @@ struct RootFilesystemFigures {
   std::uint64_t blocks = 0;           // f_blocks
   std::uint64_t freeBlocks = 0;       // f_bfree
   std::uint64_t availableBlocks = 0;  // f_bavail
+  std::uint64_t blockSize = 0;        // f_bsize, the preferred I/O size
 
   bool operator==(const RootFilesystemFigures&) const = default;
 };

@@ -20,6 +20,8 @@ ReportWording macOSWording() {
   w.diskHeader = "DISK (URLResourceValues / volumeAvailableCapacityForImportantUsage)";
   w.diskTotalLabel = "Total:                  ";
   w.diskAvailableLabel = "Available (important):  ";
+  w.diskUsedLabel = "Used:                   ";
+  w.diskHeldBackLabel = "Held back:              ";
   w.diskCompare = "Compare: df -h /";
 
   w.batteryHeader = "BATTERY / POWER SOURCE (IOPS)";
@@ -67,6 +69,8 @@ ReportWording linuxWording() {
   w.diskHeader = "DISK (statvfs(\"/\"))";
   w.diskTotalLabel = "Total:                  ";
   w.diskAvailableLabel = "Available (f_bavail):   ";
+  w.diskUsedLabel = "Used (f_blocks−f_bfree):";
+  w.diskHeldBackLabel = "Held back for root:     ";
   w.diskCompare = "Compare: df -B1 /";
 
   w.batteryHeader = "BATTERY / POWER SOURCE (/sys/class/power_supply)";

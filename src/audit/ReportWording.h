@@ -29,6 +29,10 @@ struct ReportWording {
   std::string diskHeader;
   std::string diskTotalLabel;  // padded to the width of the available label
   std::string diskAvailableLabel;
+  // Where the volume reports its used space apart from what is available (Linux): the labels of
+  // that figure and of the free space users cannot fill, padded like the total's.
+  std::string diskUsedLabel;
+  std::string diskHeldBackLabel;
   std::string diskCompare;
 
   // Battery.

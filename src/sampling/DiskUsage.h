@@ -12,6 +12,10 @@ namespace brimly {
 struct DiskUsage {
   std::int64_t usedBytes = 0;
   std::int64_t totalBytes = 0;
+  // Where the volume's used space was reported apart from what is available (Linux): `df`'s
+  // "Use%", used ÷ (used + available) rounded up to a whole percent. Nothing where used is
+  // total − available (macOS).
+  std::optional<std::int64_t> usePercent = std::nullopt;
 
   bool operator==(const DiskUsage&) const = default;
 
@@ -20,11 +24,13 @@ struct DiskUsage {
   static bool isRefreshCall(std::int64_t sampleNumber);
 
   // Used = total − available, where "available" counts purgeable space as free: what the user
-  // would have to delete. Nothing (keep the last figures) when the query failed, either capacity
-  // is missing, the total is below 1 byte, or the difference cannot be represented.
+  // would have to delete; or, where the port reports it, the used space as the file system
+  // counts it, capped at the total. Nothing (keep the last figures) when the query failed,
+  // total or available is missing, the total is below 1 byte, or a figure cannot be represented.
   static std::optional<DiskUsage> from(const std::optional<DiskCapacities>& capacities);
 
-  // used / total clamped to 0…1; 0.0 while the total is below 1 byte.
+  // The use percent ÷ 100 where there is one, else used / total; clamped to 0…1, and 0.0 while the
+  // total is below 1 byte.
   double fraction() const;
 };
 

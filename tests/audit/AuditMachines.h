@@ -15,7 +15,9 @@ inline FakeMachine typicalLinuxLaptop() {
   machine.memory.pageSize = 1024;
   machine.memory.physicalBytes = 16'108'452ull * 1024;
   machine.memory.swap = SwapUsage{8'388'604ull * 1024, 524'288ull * 1024};
-  machine.disk = DiskCapacities{20'689'802ll * 4096, 66'053'021ll * 4096};
+  // statvfs's figures below, with a large root reserve: df says 17 GB used, 18 %.
+  machine.disk = DiskCapacities{20'689'802ll * 4096, 66'053'021ll * 4096,
+                                (66'053'021ll - 61'658'526ll) * 4096};
   machine.accelerators = std::vector<std::optional<PropertyDict>>{};
   machine.powerSources =
       std::vector<std::optional<PropertyDict>>{PropertyDict{{"Name", "BAT0"},
@@ -67,7 +69,7 @@ inline void setTypicalLinuxKernelFigures(FakeKernelFigures& kernel) {
   kernel.temperature = {
       "/sys/class/hwmon/hwmon1 (nvme): not read, each read costs a device command",
       "/sys/class/thermal/thermal_zone3 (iwlwifi_1): not read, each read asks the Wi-Fi firmware"};
-  kernel.rootFs = RootFilesystemFigures{4096, 66'053'021, 61'658'526, 20'689'802};
+  kernel.rootFs = RootFilesystemFigures{4096, 66'053'021, 61'658'526, 20'689'802, 4096};
   kernel.energyAccess = EnergyCounterAccess::readable;
 }
 

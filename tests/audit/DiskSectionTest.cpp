@@ -40,23 +40,41 @@ TEST(DiskSection, AMissingFigureCountsAsZero) {
 }
 
 TEST(DiskSection, LinuxQuotesStatvfsBesideBrimlysFigures) {
+  // A large root reserve: 157 GB free that no user can fill. df -B1 / says Used 17999851520,
+  // Avail 84745428992, Use% 18%.
   AuditHarness harness(ReportFlavour::gnuLinux);
-  harness.kernel.rootFs = RootFilesystemFigures{4096, 66'053'021, 61'658'526, 20'689'802};
+  harness.kernel.rootFs = RootFilesystemFigures{4096, 66'053'021, 61'658'526, 20'689'802, 4096};
   harness.platform.change([](FakeMachine& m) {
-    m.disk = DiskCapacities{20'689'802ll * 4096, 66'053'021ll * 4096};
+    m.disk = DiskCapacities{20'689'802ll * 4096, 66'053'021ll * 4096, 4'394'495ll * 4096};
   });
   EXPECT_EQ(harness.section(Audit::dumpDisk),
             "\n"
             "┌─ DISK (statvfs(\"/\"))\n"
             "│  f_frsize:               4096 bytes\n"
-            "│  f_blocks × f_frsize:      251.97 GB\n"
-            "│  f_bfree × f_frsize:       235.21 GB\n"
-            "│  f_bavail × f_frsize:       78.93 GB\n"
+            "│  f_bsize:                4096 bytes\n"
+            "│  f_blocks:               66053021 × f_frsize = 251.97 GB\n"
+            "│  f_bfree:                61658526 × f_frsize = 235.21 GB\n"
+            "│  f_bavail:               20689802 × f_frsize = 78.93 GB\n"
             "│  Total:                    251.97 GB\n"
+            "│  Used (f_blocks−f_bfree):   16.76 GB\n"
             "│  Available (f_bavail):      78.93 GB\n"
-            "│  ► Used = Total − Avail = 173.05 GB (68.7%)\n"
+            "│  Held back for root:       156.28 GB\n"
+            "│  ► Use% = Used ÷ (Used + Avail) = 17.52%, rounded up: 18%\n"
             "│  Compare: df -B1 /\n"
             "└─\n");
+}
+
+TEST(DiskSection, LinuxWithoutAReservedAreaHoldsNothingBack) {
+  AuditHarness harness(ReportFlavour::gnuLinux);
+  harness.withKernelFigures = false;
+  harness.platform.change([](FakeMachine& m) {
+    m.disk = DiskCapacities{250ll << 30, 1000ll << 30, 750ll << 30};
+  });
+  const std::string text = harness.section(Audit::dumpDisk);
+  EXPECT_NE(text.find("│  Held back for root:         0.00 GB\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("│  ► Use% = Used ÷ (Used + Avail) = 75.00%, rounded up: 75%\n"),
+            std::string::npos)
+      << text;
 }
 
 TEST(DiskSection, LinuxSaysWhenStatvfsFails) {

@@ -105,7 +105,8 @@ TEST_F(LinuxKernelFiguresTest, RootFilesystemUsesTheBlockSizeWhenNoFragmentSizeI
   stats.blocks = 1000;
   stats.freeBlocks = 600;
   stats.availableBlocks = 550;
-  EXPECT_EQ(figures(false, stats).rootFilesystem(), (RootFilesystemFigures{4096, 1000, 600, 550}));
+  EXPECT_EQ(figures(false, stats).rootFilesystem(),
+            (RootFilesystemFigures{4096, 1000, 600, 550, 4096}));
   EXPECT_EQ(figures(false, std::nullopt).rootFilesystem(), std::nullopt);
 }
 

@@ -53,7 +53,8 @@ std::optional<RootFilesystemFigures> LinuxKernelFigures::rootFilesystem() {
   // statvfs counts in fragments; a file system that reports no fragment size counts in blocks.
   const FileSystemStats& stats = *disk.stats;
   const std::uint64_t unit = stats.fragmentSize != 0 ? stats.fragmentSize : stats.blockSize;
-  return RootFilesystemFigures{unit, stats.blocks, stats.freeBlocks, stats.availableBlocks};
+  return RootFilesystemFigures{unit, stats.blocks, stats.freeBlocks, stats.availableBlocks,
+                               stats.blockSize};
 }
 
 std::vector<std::string> LinuxKernelFigures::gpuNotes() {

@@ -33,6 +33,7 @@ DiskCapacities diskCapacitiesFromStats(const FileSystemStats& stats) {
   DiskCapacities capacities;
   capacities.total = bytes(stats.blocks, unit);
   capacities.available = bytes(stats.availableBlocks, unit);
+  capacities.used = bytes(stats.blocks - std::min(stats.freeBlocks, stats.blocks), unit);
   if (capacities.total && capacities.available) {
     capacities.available = std::min(*capacities.available, *capacities.total);
   }

@@ -33,10 +33,10 @@ class PosixFileSystemStats : public FileSystemStatsSource {
   std::optional<FileSystemStats> statistics(const std::string& path) const override;
 };
 
-// The disk capacities of a file system: total = f_blocks × unit and available = f_bavail × unit,
-// so that used = total − available is "how full is it for a user" (space reserved for root counts
-// as used). Available is capped at total (btrfs estimates can exceed it); a product that does not
-// fit in 64 signed bits, or a unit of 0, leaves that figure out.
+// The disk capacities of a file system as `df` counts them: total = f_blocks × unit, available =
+// f_bavail × unit and used = (f_blocks − f_bfree) × unit, so that the free space held back for
+// root is neither used nor available. Available is capped at total (btrfs estimates can exceed
+// it); a product that does not fit in 64 signed bits, or a unit of 0, leaves that figure out.
 DiskCapacities diskCapacitiesFromStats(const FileSystemStats& stats);
 
 }  // namespace brimly

@@ -92,7 +92,7 @@ TEST(LinuxDiagnosticsDisk, ShowsTheStatvfsFiguresAndCapacities) {
   const DiskDiagnostics disk = machine.diagnostics().disk();
   EXPECT_EQ(disk.path, "/");
   EXPECT_EQ(disk.stats, (FileSystemStats{4096, 4096, 1000, 600, 500}));
-  EXPECT_EQ(disk.capacities, (DiskCapacities{2048000, 4096000}));
+  EXPECT_EQ(disk.capacities, (DiskCapacities{2048000, 4096000, 1638400}));
   machine.stats = std::make_shared<FakeFileSystemStats>(std::nullopt);
   EXPECT_EQ(machine.diagnostics().disk().stats, std::nullopt);
 }

@@ -13,12 +13,13 @@ using testing::FakeFileSystemStats;
 // 175038242816.
 constexpr FileSystemStats kExt4{4096, 4096, 122094592, 48838675, 42733946};
 
-TEST(LinuxDiskPort, AvailableIsWhatAUserMayStillFill) {
+TEST(LinuxDiskPort, AvailableIsWhatAUserMayStillFillAndUsedIsWhatIsNotFree) {
   const auto stats = std::make_shared<FakeFileSystemStats>(kExt4);
   const auto capacities = LinuxDiskPort(stats).readDiskCapacities();
   ASSERT_TRUE(capacities.has_value());
   EXPECT_EQ(capacities->total, 500099448832);
   EXPECT_EQ(capacities->available, 175038242816);
+  EXPECT_EQ(capacities->used, 300056236032);
   EXPECT_EQ(stats->paths(), (std::vector<std::string>{"/"}));
 }
 
@@ -33,16 +34,31 @@ TEST(LinuxDiskPort, AFailedCallGivesNothing) {
   EXPECT_EQ(LinuxDiskPort(stats).readDiskCapacities(), std::nullopt);
 }
 
+TEST(DiskCapacities, LargeReserveIsNeitherUsedNorAvailable) {
+  // df -B1 /: Size 270553174016, Used 17999851520, Avail 84745428992.
+  const DiskCapacities capacities =
+      diskCapacitiesFromStats({4096, 4096, 66'053'021, 61'658'526, 20'689'802});
+  EXPECT_EQ(capacities.total, 270553174016);
+  EXPECT_EQ(capacities.used, 17999851520);
+  EXPECT_EQ(capacities.available, 84745428992);
+}
+
+TEST(DiskCapacities, MoreFreeThanAllBlocksMeansNothingUsed) {
+  EXPECT_EQ(diskCapacitiesFromStats({4096, 4096, 100, 200, 50}).used, 0);
+}
+
 TEST(DiskCapacities, WithoutAFragmentSizeTheBlockSizeIsTheUnit) {
   const DiskCapacities capacities = diskCapacitiesFromStats({0, 512, 1000, 500, 400});
   EXPECT_EQ(capacities.total, 512000);
   EXPECT_EQ(capacities.available, 204800);
+  EXPECT_EQ(capacities.used, 256000);
 }
 
-TEST(DiskCapacities, AZeroUnitLeavesBothOut) {
+TEST(DiskCapacities, AZeroUnitLeavesAllOut) {
   const DiskCapacities capacities = diskCapacitiesFromStats({0, 0, 1000, 500, 400});
   EXPECT_EQ(capacities.total, std::nullopt);
   EXPECT_EQ(capacities.available, std::nullopt);
+  EXPECT_EQ(capacities.used, std::nullopt);
 }
 
 TEST(DiskCapacities, ProductsBeyond63BitsAreLeftOut) {
@@ -61,15 +77,17 @@ TEST(DiskCapacities, AnEmptyFileSystemIsAllZero) {
   const DiskCapacities capacities = diskCapacitiesFromStats({4096, 4096, 0, 0, 0});
   EXPECT_EQ(capacities.total, 0);
   EXPECT_EQ(capacities.available, 0);
+  EXPECT_EQ(capacities.used, 0);
 }
 
 TEST(PosixFileSystemStats, TheRootFileSystemHasACapacity) {
   const auto stats = PosixFileSystemStats().statistics("/");
   ASSERT_TRUE(stats.has_value());
   const DiskCapacities capacities = diskCapacitiesFromStats(*stats);
-  ASSERT_TRUE(capacities.total && capacities.available);
+  ASSERT_TRUE(capacities.total && capacities.available && capacities.used);
   EXPECT_GT(*capacities.total, 0);
   EXPECT_LE(*capacities.available, *capacities.total);
+  EXPECT_LE(*capacities.used, *capacities.total);
 }
 
 TEST(PosixFileSystemStats, AMissingPathGivesNothing) {

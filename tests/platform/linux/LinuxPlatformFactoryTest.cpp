@@ -37,7 +37,8 @@ TEST_F(AmdLaptopFactory, EveryReaderReadsTheSameMachine) {
   EXPECT_EQ(factory->makeCpuTicksPort()->readCpuTicks(),
             (CpuTicks{982211, 310044, 19850132, 1201}));
   EXPECT_EQ(factory->makeMemoryPort()->readMemory().vm->activePages, 31457280u - 25165824u);
-  EXPECT_EQ(factory->makeDiskPort()->readDiskCapacities(), (DiskCapacities{2048000, 4096000}));
+  EXPECT_EQ(factory->makeDiskPort()->readDiskCapacities(),
+            (DiskCapacities{2048000, 4096000, 1638400}));
   EXPECT_EQ(stats->paths(), (std::vector<std::string>{"/fixture"}));
   const auto services = factory->makeAcceleratorPort()->readAcceleratorServices();
   ASSERT_EQ(services->size(), 1u);
