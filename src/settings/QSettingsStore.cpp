@@ -1,8 +1,12 @@
 #include "settings/QSettingsStore.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 #include <QStringList>
 #include <QVariant>
+#include <cstdio>
+#include <optional>
 
 namespace brimly {
 
@@ -18,15 +22,32 @@ QString toQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+// Why the file at `filePath` must not be opened, or nothing when it may be (also when it does not
+// exist yet). Only the file's metadata is looked at: a FIFO would block the first read.
+std::optional<QString> reasonToRefuse(const QString& filePath) {
+  const QFileInfo file(filePath);
+  if (!file.exists()) return std::nullopt;
+  if (!file.isFile()) return QStringLiteral("is not a regular file");
+  if (file.size() > QSettingsStore::kMaxFileBytes)
+    return QStringLiteral("is larger than %1 KiB").arg(QSettingsStore::kMaxFileBytes / 1024);
+  return std::nullopt;
+}
+
 }  // namespace
 
 QSettingsStore::QSettingsStore() : QSettingsStore(userFilePath()) {}
 
-QSettingsStore::QSettingsStore(const QString& filePath)
-    : QSettingsStore(std::make_unique<QSettings>(filePath, QSettings::IniFormat)) {}
-
-QSettingsStore::QSettingsStore(std::unique_ptr<QSettings> settings)
-    : settings_(std::move(settings)), readFailed_(settings_->status() != QSettings::NoError) {}
+QSettingsStore::QSettingsStore(const QString& filePath) : filePath_(filePath) {
+  if (const std::optional<QString> reason = reasonToRefuse(filePath)) {
+    readFailed_ = true;
+    std::fprintf(stderr,
+                 "Brimly: the settings file %s %s; using the defaults and leaving it as it is\n",
+                 QFile::encodeName(filePath).constData(), reason->toLocal8Bit().constData());
+    return;
+  }
+  settings_ = std::make_unique<QSettings>(filePath, QSettings::IniFormat);
+  readFailed_ = settings_->status() != QSettings::NoError;
+}
 
 std::optional<bool> QSettingsStore::readBool(std::string_view key) const {
   if (readFailed_) return std::nullopt;
@@ -68,11 +89,14 @@ std::optional<std::vector<std::string>> QSettingsStore::readStringList(std::stri
 }
 
 void QSettingsStore::writeBool(std::string_view key, bool value) {
+  // A write replaces the whole file with what this store knows: none after a failed read.
+  if (readFailed_) return;
   settings_->setValue(toQString(key), value);
   settings_->sync();
 }
 
 void QSettingsStore::writeStringList(std::string_view key, const std::vector<std::string>& value) {
+  if (readFailed_) return;
   QStringList list;
   list.reserve(static_cast<qsizetype>(value.size()));
   for (const std::string& text : value)

@@ -17,8 +17,11 @@ namespace brimly {
 // else (numbers like "1", byte arrays, other serialised types) is of the wrong type and reads
 // as nothing.
 //
-// Each write is flushed to the file at once. Nothing is written until a value is set, so opening
-// a damaged file never changes it.
+// Each write is flushed to the file at once. Nothing is written until a value is set, and a store
+// that could not read its file never writes it: a damaged, oversized or odd file stays exactly as
+// the user left it, and Brimly runs from its defaults. Only a regular file of at most 64 KiB is
+// ever opened (following a link to one is fine): a FIFO, a device or a folder at the path, or a
+// bigger file, makes the store a failed one, with one line on standard error saying why.
 //
 // This is the Linux store. On macOS the preferences belong in the user-defaults domain named by
 // the bundle identifier, "app.brimly.Brimly", which QSettings cannot address: its native format
@@ -28,6 +31,9 @@ namespace brimly {
 // directly (behind the same KeyValueStore port) with that identifier.
 class QSettingsStore : public KeyValueStore {
  public:
+  // The largest settings file that is read. Brimly's own file is a few hundred bytes.
+  static constexpr qint64 kMaxFileBytes = 64 * 1024;
+
   // The user's own preferences file.
   QSettingsStore();
   // The preferences in the INI file at `filePath` (tests use a temporary folder).
@@ -40,11 +46,11 @@ class QSettingsStore : public KeyValueStore {
   bool readFailed() const override { return readFailed_; }
 
   // Where the file is.
-  QString fileName() const { return settings_->fileName(); }
+  QString fileName() const { return settings_ ? settings_->fileName() : filePath_; }
 
  private:
-  explicit QSettingsStore(std::unique_ptr<QSettings> settings);
-
+  QString filePath_;
+  // None when the file was refused before QSettings could open it.
   std::unique_ptr<QSettings> settings_;
   bool readFailed_ = false;
 };

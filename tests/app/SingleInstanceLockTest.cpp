@@ -1,85 +1,222 @@
 #include "app/SingleInstanceLock.h"
 
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/types.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
-#include <QCoreApplication>
+#include <QByteArray>
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
+#include <functional>
 
 namespace brimly {
 namespace {
+
+using Outcome = SingleInstanceLock::Outcome;
+
+// Another process: it runs `body` and ends with the status that returns, or waits until killed.
+class ChildProcess {
+ public:
+  ~ChildProcess() {
+    if (pid_ > 0) {
+      ::kill(pid_, SIGKILL);
+      ::waitpid(pid_, nullptr, 0);
+    }
+  }
+
+  // Starts a child that takes the lock at `path`, tells the parent what it got and then holds it
+  // until it is killed. Returns what the child got.
+  Outcome startHolding(const QString& path) {
+    int toParent[2];
+    if (::pipe(toParent) != 0) return Outcome::Unavailable;
+    pid_ = ::fork();
+    if (pid_ == 0) {
+      ::close(toParent[0]);
+      SingleInstanceLock lock(path);
+      const char outcome = static_cast<char>(lock.tryAcquire());
+      [[maybe_unused]] const ssize_t written = ::write(toParent[1], &outcome, 1);
+      for (;;)
+        ::pause();
+    }
+    ::close(toParent[1]);
+    char outcome = static_cast<char>(Outcome::Unavailable);
+    const ssize_t got = ::read(toParent[0], &outcome, 1);
+    ::close(toParent[0]);
+    EXPECT_EQ(got, 1);
+    return static_cast<Outcome>(outcome);
+  }
+
+  // Kills the child without letting it tidy anything up, as a crash would.
+  void crash() {
+    ::kill(pid_, SIGKILL);
+    ::waitpid(pid_, nullptr, 0);
+    pid_ = -1;
+  }
+
+  // Runs `body` in a child and returns its exit status.
+  static int run(const std::function<int()>& body) {
+    const pid_t pid = ::fork();
+    if (pid == 0) ::_exit(body());
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+ private:
+  pid_t pid_ = -1;
+};
 
 class SingleInstanceLockTest : public ::testing::Test {
  protected:
   QString lockPath() const { return QDir(directory_.path()).filePath("app.brimly.Brimly.lock"); }
 
-  // A lock file as a process with this id would have left it: the format QLockFile writes,
-  // taken from a real lock and with the id replaced.
-  void leaveLockFileOf(qint64 pid) const {
-    QByteArray contents;
-    {
-      QLockFile sample(QDir(directory_.path()).filePath("sample.lock"));
-      ASSERT_TRUE(sample.tryLock(0));
-      QFile file(QDir(directory_.path()).filePath("sample.lock"));
-      ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-      contents = file.readAll();
-    }
-    const qsizetype firstLineEnd = contents.indexOf('\n');
-    contents = QByteArray::number(pid) + contents.mid(firstLineEnd);
+  void writeLockFile(const QByteArray& contents) const {
     QFile file(lockPath());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(contents);
+    ASSERT_EQ(file.write(contents), contents.size());
   }
 
   QTemporaryDir directory_;
 };
 
+TEST_F(SingleInstanceLockTest, EmptyLockFileIsNotAnotherInstance) {
+  writeLockFile("");
+  SingleInstanceLock lock(lockPath());
+  EXPECT_EQ(lock.tryAcquire(), Outcome::Acquired);
+}
+
+TEST_F(SingleInstanceLockTest, GarbageInTheLockFileIsNotAnotherInstance) {
+  static constexpr char garbage[] = "\x01\xff garbage\n\n\0\0 not a pid";
+  writeLockFile(QByteArray(garbage, sizeof garbage - 1));  // the zero bytes included
+  SingleInstanceLock lock(lockPath());
+  EXPECT_EQ(lock.tryAcquire(), Outcome::Acquired);
+}
+
+TEST_F(SingleInstanceLockTest, LockWrittenUnderAnotherHostNameIsNotAnotherInstance) {
+  // What a lock file of another machine (a shared home, a restored backup) says: process 1 there.
+  writeLockFile("1\nbrimly\nsome-other-host\n0123456789abcdef0123456789abcdef\n");
+  SingleInstanceLock lock(lockPath());
+  EXPECT_EQ(lock.tryAcquire(), Outcome::Acquired);
+}
+
+TEST_F(SingleInstanceLockTest, DirectoryWhereTheLockFileShouldBeMakesTheLockUnavailable) {
+  ASSERT_TRUE(QDir(directory_.path()).mkdir("app.brimly.Brimly.lock"));
+  SingleInstanceLock lock(lockPath());
+  EXPECT_EQ(lock.tryAcquire(), Outcome::Unavailable);
+  EXPECT_TRUE(lock.reason().contains(lockPath())) << lock.reason().toStdString();
+}
+
+TEST_F(SingleInstanceLockTest, FifoWhereTheLockFileShouldBeMakesTheLockUnavailableAtOnce) {
+  ASSERT_EQ(::mkfifo(QFile::encodeName(lockPath()).constData(), 0600), 0);
+  SingleInstanceLock lock(lockPath());
+  EXPECT_EQ(lock.tryAcquire(), Outcome::Unavailable);
+}
+
+TEST_F(SingleInstanceLockTest, LinkAtThePathIsNotFollowed) {
+  const QString target = QDir(directory_.path()).filePath("elsewhere");
+  ASSERT_TRUE(QFile::link(target, lockPath()));
+  SingleInstanceLock lock(lockPath());
+  EXPECT_EQ(lock.tryAcquire(), Outcome::Unavailable);
+  EXPECT_FALSE(QFile::exists(target));
+}
+
+TEST_F(SingleInstanceLockTest, RuntimeDirectoryThatCannotBeWrittenMakesTheLockUnavailable) {
+  ASSERT_EQ(::chmod(QFile::encodeName(directory_.path()).constData(), 0500), 0);
+  const QString path = lockPath();
+  // Run as an ordinary user: the superuser may write anywhere.
+  const int status = ChildProcess::run([&] {
+    if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0)) return 100;
+    SingleInstanceLock lock(path);
+    return static_cast<int>(lock.tryAcquire());
+  });
+  ::chmod(QFile::encodeName(directory_.path()).constData(), 0700);
+  EXPECT_EQ(status, static_cast<int>(Outcome::Unavailable));
+}
+
+TEST_F(SingleInstanceLockTest, LockInAFolderThatDoesNotExistIsUnavailable) {
+  SingleInstanceLock lock(QDir(directory_.path()).filePath("gone/app.brimly.Brimly.lock"));
+  EXPECT_EQ(lock.tryAcquire(), Outcome::Unavailable);
+  EXPECT_FALSE(lock.reason().isEmpty());
+}
+
 TEST_F(SingleInstanceLockTest, FirstInstanceTakesTheLock) {
   SingleInstanceLock lock(lockPath());
-  EXPECT_TRUE(lock.tryAcquire());
+  EXPECT_EQ(lock.tryAcquire(), Outcome::Acquired);
   EXPECT_TRUE(QFile::exists(lockPath()));
 }
 
-TEST_F(SingleInstanceLockTest, SecondInstanceIsRefusedWhileTheFirstHoldsIt) {
+TEST_F(SingleInstanceLockTest, LockFileIsForTheUserAlone) {
+  SingleInstanceLock lock(lockPath());
+  ASSERT_EQ(lock.tryAcquire(), Outcome::Acquired);
+  struct stat status {};
+  ASSERT_EQ(::stat(QFile::encodeName(lockPath()).constData(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777, 0600u);
+}
+
+TEST_F(SingleInstanceLockTest, SecondLockInTheSameProcessIsRefusedWhileTheFirstHoldsIt) {
   SingleInstanceLock first(lockPath());
-  ASSERT_TRUE(first.tryAcquire());
+  ASSERT_EQ(first.tryAcquire(), Outcome::Acquired);
   SingleInstanceLock second(lockPath());
-  EXPECT_FALSE(second.tryAcquire());
+  EXPECT_EQ(second.tryAcquire(), Outcome::HeldByAnother);
+}
+
+TEST_F(SingleInstanceLockTest, LiveHolderInAnotherProcessRefusesTheLock) {
+  ChildProcess holder;
+  ASSERT_EQ(holder.startHolding(lockPath()), Outcome::Acquired);
+  SingleInstanceLock lock(lockPath());
+  EXPECT_EQ(lock.tryAcquire(), Outcome::HeldByAnother);
+}
+
+TEST_F(SingleInstanceLockTest, LockIsTakenAtOnceWhenItsHolderDies) {
+  ChildProcess holder;
+  ASSERT_EQ(holder.startHolding(lockPath()), Outcome::Acquired);
+  SingleInstanceLock lock(lockPath());
+  ASSERT_EQ(lock.tryAcquire(), Outcome::HeldByAnother);
+  holder.crash();
+  EXPECT_EQ(lock.tryAcquire(), Outcome::Acquired);
 }
 
 TEST_F(SingleInstanceLockTest, LockIsFreeAgainOnceTheHolderIsGone) {
   {
     SingleInstanceLock first(lockPath());
-    ASSERT_TRUE(first.tryAcquire());
+    ASSERT_EQ(first.tryAcquire(), Outcome::Acquired);
   }
   SingleInstanceLock second(lockPath());
-  EXPECT_TRUE(second.tryAcquire());
+  EXPECT_EQ(second.tryAcquire(), Outcome::Acquired);
 }
 
 TEST_F(SingleInstanceLockTest, AcquiringTwiceKeepsTheLock) {
   SingleInstanceLock lock(lockPath());
-  ASSERT_TRUE(lock.tryAcquire());
-  EXPECT_TRUE(lock.tryAcquire());
+  ASSERT_EQ(lock.tryAcquire(), Outcome::Acquired);
+  EXPECT_EQ(lock.tryAcquire(), Outcome::Acquired);
 }
 
-TEST_F(SingleInstanceLockTest, CrashedInstancesLockIsTakenOverAtOnce) {
-  QProcess finished;
-  finished.start("true", {});
-  ASSERT_TRUE(finished.waitForStarted());
-  const qint64 deadPid = finished.processId();
-  ASSERT_TRUE(finished.waitForFinished());
-  leaveLockFileOf(deadPid);
-
+TEST_F(SingleInstanceLockTest, HeldLockIsNotPassedToProgramsBrimlyStarts) {
   SingleInstanceLock lock(lockPath());
-  EXPECT_TRUE(lock.tryAcquire());
+  ASSERT_EQ(lock.tryAcquire(), Outcome::Acquired);
+  // A program started from here (exec) keeps no descriptor of the lock file open.
+  const QByteArray path = QFile::encodeName(lockPath());
+  const int status = ChildProcess::run([&] {
+    ::execl("/bin/sh", "sh", "-c",
+            "for fd in /proc/self/fd/*; do [ \"$(readlink \"$fd\")\" = \"$0\" ] && exit 1; done; "
+            "exit 0",
+            path.constData(), static_cast<char*>(nullptr));
+    return 127;
+  });
+  EXPECT_EQ(status, 0);
 }
 
-TEST_F(SingleInstanceLockTest, LeftoverFileNamingThisVeryProcessDoesNotCount) {
-  leaveLockFileOf(QCoreApplication::applicationPid());
-  SingleInstanceLock lock(lockPath());
-  EXPECT_TRUE(lock.tryAcquire());
+TEST(SingleInstanceUnguardedMessage, IsOneLineThatSaysWhyAndThatBrimlyRunsAnyway) {
+  const QString message =
+      SingleInstanceLock::unguardedMessage("cannot open /run/x.lock: Is a directory\nmore");
+  EXPECT_FALSE(message.contains('\n'));
+  EXPECT_TRUE(message.startsWith("Brimly: "));
+  EXPECT_TRUE(message.contains("cannot open /run/x.lock: Is a directory"));
+  EXPECT_TRUE(message.contains("running without the single-instance guard"));
 }
 
 TEST(SingleInstanceDirectory, RuntimeDirectoryFromTheEnvironmentComesFirst) {
@@ -114,6 +251,12 @@ TEST(SingleInstanceDirectoryEdge, NothingUsableFallsBackToTheTemporaryDirectory)
   EXPECT_EQ(SingleInstanceLock::chooseDirectory(
                 "", [] { return QString(); }, "/var/tmp"),
             "/var/tmp");
+}
+
+TEST(SingleInstanceDirectory, RuntimeDirectoryComesFromTheEnvironment) {
+  QTemporaryDir runtime;
+  qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
+  EXPECT_EQ(SingleInstanceLock::runtimeDirectory(), runtime.path());
 }
 
 TEST(SingleInstanceDirectory, DefaultPathIsNamedAfterTheBundleIdentifier) {

@@ -1,11 +1,14 @@
 #include "settings/QSettingsStore.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <algorithm>
 
 #include "settings/AppSettings.h"
 
@@ -42,8 +45,93 @@ class QSettingsStoreTest : public ::testing::Test {
     return copy;
   }
 
+  // A settings file of exactly `size` bytes that sets useFahrenheit, filled up with comments.
+  QString writeFileOfSize(const QString& name, qsizetype size) const {
+    QByteArray bytes = "[General]\nuseFahrenheit=true\n";
+    while (size - bytes.size() >= 2) {
+      const qsizetype line = std::min<qsizetype>(size - bytes.size(), 80);
+      bytes.append(';').append(QByteArray(line - 2, 'x')).append('\n');
+    }
+    if (bytes.size() < size) bytes.append('\n');
+    EXPECT_EQ(bytes.size(), size);
+    return writeFile(name, bytes);
+  }
+
+  QString makeFifo(const QString& name) const {
+    const QString filePath = path(name);
+    EXPECT_EQ(::mkfifo(QFile::encodeName(filePath).constData(), 0600), 0);
+    return filePath;
+  }
+
+  static bool isFifo(const QString& filePath) {
+    struct stat status {};
+    return ::lstat(QFile::encodeName(filePath).constData(), &status) == 0 &&
+           S_ISFIFO(status.st_mode);
+  }
+
   QTemporaryDir directory;
 };
+
+// A FIFO has no end until a writer comes: opening and reading it would hold Brimly up before it
+// shows anything. Should the store ever open one, the alarm ends the test program (a failure)
+// instead of letting it wait forever.
+class FifoWatchdog {
+ public:
+  FifoWatchdog() { ::alarm(20); }
+  ~FifoWatchdog() { ::alarm(0); }
+};
+
+TEST_F(QSettingsStoreTest, FifoAtThePathIsNeverOpenedAndReadsAsAFailedStore) {
+  const QString filePath = makeFifo("Brimly.conf");
+  FifoWatchdog watchdog;
+  QSettingsStore store(filePath);
+  EXPECT_TRUE(store.readFailed());
+  AppSettings settings(store);
+  EXPECT_FALSE(settings.useFahrenheit());
+  EXPECT_EQ(settings.metricOrder(), MetricKind::defaultOrder());
+  settings.setUseFahrenheit(true);
+  EXPECT_TRUE(isFifo(filePath));
+}
+
+TEST_F(QSettingsStoreTest, LinkToAFifoIsNeverOpenedAndStaysALink) {
+  const QString fifo = makeFifo("elsewhere");
+  const QString filePath = path("Brimly.conf");
+  ASSERT_TRUE(QFile::link(fifo, filePath));
+  FifoWatchdog watchdog;
+  QSettingsStore store(filePath);
+  EXPECT_TRUE(store.readFailed());
+  AppSettings settings(store);
+  EXPECT_FALSE(settings.isPinned());
+  settings.setUseFahrenheit(true);
+  EXPECT_EQ(QFileInfo(filePath).symLinkTarget(), fifo);
+  EXPECT_TRUE(isFifo(fifo));
+}
+
+TEST_F(QSettingsStoreTest, FileOverTheSizeLimitIsNotReadAndIsLeftAsItIs) {
+  const QString filePath = writeFileOfSize("Brimly.conf", 65 * 1024);
+  const QByteArray stored = contents(filePath);
+  {
+    QSettingsStore store(filePath);
+    EXPECT_TRUE(store.readFailed());
+    EXPECT_EQ(store.readBool("useFahrenheit"), std::nullopt);
+    AppSettings settings(store);
+    EXPECT_FALSE(settings.useFahrenheit());
+    settings.setMetric(MetricKind::cpu, false);
+    settings.setUseFahrenheit(true);
+  }
+  EXPECT_EQ(contents(filePath), stored);
+}
+
+TEST_F(QSettingsStoreTest, FileOneByteOverTheSizeLimitIsNotRead) {
+  QSettingsStore store(writeFileOfSize("Brimly.conf", 64 * 1024 + 1));
+  EXPECT_TRUE(store.readFailed());
+}
+
+TEST_F(QSettingsStoreTest, FileOfExactlyTheSizeLimitIsRead) {
+  QSettingsStore store(writeFileOfSize("Brimly.conf", 64 * 1024));
+  EXPECT_FALSE(store.readFailed());
+  EXPECT_EQ(store.readBool("useFahrenheit"), true);
+}
 
 TEST_F(QSettingsStoreTest, MissingFileReadsNothingAndIsNotCreatedAtStart) {
   const QString filePath = path("Brimly.conf");
@@ -175,6 +263,20 @@ TEST_F(QSettingsStoreTest, MalformedFileIsReportedReadsNothingAndIsNotOverwritte
   EXPECT_EQ(contents(filePath), malformed);
 }
 
+TEST_F(QSettingsStoreTest, StoreThatFailedToReadNeverWritesTheFileBack) {
+  const QByteArray malformed = "[General\nuseFahrenheit=true\nmetricOrder=pwr\n";
+  const QString filePath = writeFile("Brimly.conf", malformed);
+  {
+    QSettingsStore store(filePath);
+    ASSERT_TRUE(store.readFailed());
+    AppSettings settings(store);
+    settings.setUseFahrenheit(false);
+    settings.setMetricOrder({MetricKind::cpu});
+    EXPECT_EQ(settings.metricOrder(), (std::vector<MetricKind>{MetricKind::cpu}));
+  }
+  EXPECT_EQ(contents(filePath), malformed);
+}
+
 TEST_F(QSettingsStoreTest, PathThatCannotBeReadIsReportedAndWritesDoNotCrash) {
   // A folder where the file should be can be neither read nor written, even by the superuser.
   const QString filePath = path("Brimly.conf");
@@ -209,6 +311,11 @@ TEST_F(QSettingsStoreTest, FileWithoutReadPermissionGivesDefaultsAndStaysUntouch
 }
 
 TEST_F(QSettingsStoreTest, UsersStoreLivesInTheConfigurationFolder) {
+#ifdef __APPLE__
+  GTEST_SKIP() << "the XDG configuration folder is the Linux store's; on macOS the preferences "
+                  "live in MacPreferencesStore's domain, and Qt's configuration folder there "
+                  "(~/Library/Preferences) ignores XDG_CONFIG_HOME";
+#endif
   // The test program runs with XDG_CONFIG_HOME pointing into the build tree.
   const QByteArray configHome = qgetenv("XDG_CONFIG_HOME");
   if (configHome.isEmpty()) GTEST_SKIP() << "run through CTest, which sets XDG_CONFIG_HOME";
