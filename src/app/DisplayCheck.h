@@ -3,27 +3,45 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace brimly {
 
-// What the environment says about the display, read before any window system is touched: Qt
-// ends the process with a core dump when it cannot open one.
+// What the environment and the command line say about the window system, read before any of it
+// is touched: Qt ends the process with a core dump when it cannot start the platform it is asked
+// for.
 struct DisplayEnvironment {
   std::string qpaPlatform;     // QT_QPA_PLATFORM, as the user set it
   std::string display;         // DISPLAY
   std::string waylandDisplay;  // WAYLAND_DISPLAY
+  std::string sessionType;     // XDG_SESSION_TYPE
+  std::string sessionDesktop;  // XDG_CURRENT_DESKTOP and XDG_SESSION_DESKTOP, side by side
+  std::optional<std::string> platformArgument;  // "-platform <name>" on the command line
+  std::optional<std::string> displayArgument;   // "-display <name>" on the command line
 };
 
 // The one line printed when there is nothing to show the panel on.
 inline constexpr const char* kNoDisplayMessage =
     "Brimly: no display to show the panel on (DISPLAY is not set or cannot be opened); "
     "run \"brimly --audit\" for the readings as text.";
-// The exit status that goes with it, so that scripts can tell it from other failures.
+// The exit status that goes with it and with every other window system Brimly cannot start, so
+// that scripts can tell it from other failures.
 inline constexpr int kNoDisplayExitStatus = 3;
 
-// True when Qt will find a display. `x11Opens` is asked only when the answer depends on
-// reaching the X server named by DISPLAY.
-bool displayAvailable(const DisplayEnvironment& environment, const std::function<bool()>& x11Opens);
+// Why Qt could not start the window system it will be asked for, as the one line to print before
+// leaving with kNoDisplayExitStatus; nothing when it can. The platforms Qt will try are the
+// command line's, else QT_QPA_PLATFORM's, else what platformToRequest() asks for, else Qt's own
+// default; the first that works is taken. A platform works when its plugin is among
+// `installedPlatforms` (Qt's plugin keys; an empty list means they could not be listed and every
+// name is taken on trust) and, for X11, when the X server named by "-display" or DISPLAY answers
+// (`x11Opens`, asked only then), for Wayland when WAYLAND_DISPLAY is set. Any other installed
+// platform (offscreen, vnc, eglfs…) was chosen on purpose and needs no desktop.
+std::optional<std::string> startupProblem(
+    const DisplayEnvironment& environment, const std::vector<std::string>& installedPlatforms,
+    const std::function<bool(const std::string& displayName)>& x11Opens);
+
+// The X display Qt will open: the command line's "-display", else DISPLAY.
+std::string x11DisplayName(const DisplayEnvironment& environment);
 
 // The Qt platform to ask for, when the user has not chosen one: X11 wherever an X server is at
 // hand, also under Wayland through XWayland, because only X11 lets a window place itself at the

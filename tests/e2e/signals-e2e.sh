@@ -1,0 +1,92 @@
+#!/usr/bin/env bash
+# SIGTERM, SIGINT and SIGHUP end Brimly the way its "Quit" button does: the event loop quits, the
+# shutdown steps run, and the process leaves with status 0 at once; the single-instance lock is
+# free again, so the next Brimly starts.
+#
+# usage: signals-e2e.sh <brimly executable>
+# Exit status 77 (a skip for CTest) only when Xvfb itself is not installed.
+set -uo pipefail
+
+app=$1
+skip=77
+if ! command -v Xvfb >/dev/null 2>&1; then
+  echo "SKIPPED: Xvfb is not installed (scripts/install-deps installs it)"
+  exit $skip
+fi
+command -v xdotool >/dev/null 2>&1 || { echo "FAIL: xdotool is missing"; exit 1; }
+
+work=$(mktemp -d)
+pids=()
+cleanup() {
+  for pid in "${pids[@]}"; do kill -KILL "$pid" 2>/dev/null; wait "$pid" 2>/dev/null; done
+  rm -rf "$work"
+}
+trap cleanup EXIT
+
+Xvfb -displayfd 3 -nolisten tcp -screen 0 1280x800x24 3>"$work/display" 2>"$work/xvfb.log" &
+pids+=($!)
+for _ in $(seq 200); do [ -s "$work/display" ] && break; sleep 0.05; done
+[ -s "$work/display" ] || { echo "FAIL: Xvfb did not start"; exit 1; }
+export DISPLAY=":$(head -n1 "$work/display")"
+unset WAYLAND_DISPLAY XDG_SESSION_TYPE QT_QPA_PLATFORM
+export XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/runtime"
+mkdir -p "$XDG_CONFIG_HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
+
+failures=0
+check() {  # check <description> <command…>
+  local description=$1
+  shift
+  if "$@"; then echo "ok    $description"; else echo "FAIL  $description"; failures=$((failures + 1)); fi
+}
+now() { date +%s.%N; }
+elapsed() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", b - a }'; }
+
+# Starts Brimly and waits (at most 20 s) until its panel is on screen; the process id lands in
+# $started_pid. A background job of a script starts with SIGINT ignored, and Brimly leaves an
+# ignored signal ignored (as under nohup): it is given back its default, as in a terminal.
+start_brimly() {
+  env --default-signal=INT "$app" >"$work/brimly.out" 2>"$work/brimly.err" &
+  started_pid=$!
+  pids+=($started_pid)
+  for _ in $(seq 400); do
+    xdotool search --onlyvisible --pid "$started_pid" --name '^Brimly$' >/dev/null 2>&1 && return 0
+    kill -0 "$started_pid" 2>/dev/null || return 1
+    sleep 0.05
+  done
+  return 1
+}
+
+# Waits (at most 10 s) for process $1 to end; its exit status lands in $ended_status, or 255 when
+# it is still running.
+wait_for_end() {
+  ended_status=255
+  for _ in $(seq 200); do
+    if ! kill -0 "$1" 2>/dev/null; then
+      wait "$1"
+      ended_status=$?
+      return 0
+    fi
+    sleep 0.05
+  done
+  return 1
+}
+
+for signal in TERM INT HUP; do
+  check "Brimly starts and shows its panel (before SIG$signal)" start_brimly
+  pid=$started_pid
+  sent=$(now)
+  kill -s "$signal" "$pid"
+  wait_for_end "$pid"
+  took=$(elapsed "$sent" "$(now)")
+  check "SIG$signal ends Brimly with status 0 (status $ended_status, after $took s)" test "$ended_status" = 0
+  check "SIG$signal ends Brimly within 2 s" awk -v t="$took" 'BEGIN { exit !(t <= 2) }'
+done
+
+# The lock went with the last one: the next Brimly starts and stays.
+check "the next Brimly takes the lock and runs" start_brimly
+check "it is still running" kill -0 "$started_pid"
+kill -s TERM "$started_pid"
+wait_for_end "$started_pid"
+
+[ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
+exit $((failures > 0))
