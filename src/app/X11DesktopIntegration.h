@@ -2,19 +2,22 @@
 
 #include <memory>
 
-#include "app/DesktopIntegration.h"
 #include "app/QtScreenPort.h"
+#include "app/TrayDesktopIntegration.h"
 
 namespace brimly {
 
 class PanelShapeMask;
+class X11CompositorWatch;
 class X11Desktop;
 class X11PointerPort;
 
 // The panel on an X11 desktop (also XWayland): the pointer is followed through XInput 2 raw
 // motion, the panel becomes a dock window kept above, on every desktop and out of task bars, and
-// without a compositing manager it is cut to the card's shape.
-class X11DesktopIntegration final : public DesktopIntegration {
+// its window is cut to the card's shape: exactly while no compositing manager runs, with the
+// card's antialiased edge while one does. A compositing manager that comes or goes while Brimly
+// runs is followed at once, whatever state the panel is in.
+class X11DesktopIntegration final : public TrayDesktopIntegration {
  public:
   // `waylandSession`: the desktop is a Wayland session seen through XWayland.
   explicit X11DesktopIntegration(bool waylandSession);
@@ -27,11 +30,20 @@ class X11DesktopIntegration final : public DesktopIntegration {
   void rootViewReplaced(PanelWindow& window) override;
   std::optional<std::string> hoverNotice() const override;
 
+  bool supportsTranslucency() const override;
+  void followTranslucency(std::function<void()> onChange) override;
+
  private:
+  // Whether a compositing manager runs now: followed through events where the server reports
+  // them, asked for otherwise.
+  bool compositorPresent() const;
+
   bool waylandSession_;
   QtScreenPort screens_;
   std::unique_ptr<X11PointerPort> pointer_;
   std::unique_ptr<X11Desktop> desktop_;
+  std::unique_ptr<X11CompositorWatch> compositor_;
+  std::function<void()> translucencyChanged_;
   std::unique_ptr<PanelShapeMask> mask_;
 };
 

@@ -27,6 +27,51 @@ class PanelShapeMaskTest : public ::testing::Test {
   PanelWindow window_{state_, Size{200, 32}};
 };
 
+TEST_F(PanelShapeMaskTest, PanelOpenedBeforeItsFirstFrameIsCutToTheOpenCard) {
+  // A panel pinned at launch: shown, then opened before anything is drawn. The card jumps
+  // straight to its open form, without a single animation frame.
+  PanelShapeMask mask(window_);
+  window_.show();
+  state_.setOpen(true);
+  EXPECT_FALSE(window_.rootView()->isAnimating());
+  EXPECT_EQ(mask.region().boundingRect(), QRect(0, 0, 600, 148));
+  EXPECT_EQ(window_.mask(), mask.region());
+}
+
+TEST_F(PanelShapeMaskTest, ResizedWindowIsCutAgain) {
+  PanelShapeMask mask(window_);
+  window_.rebuildRootView(Size{240, 40});
+  useManualClock();
+  mask.follow();
+  EXPECT_EQ(mask.region().boundingRect(), QRect(180, 0, 240, 40));
+}
+
+TEST_F(PanelShapeMaskTest, WithACompositorTheCutKeepsOnePixelAllRound) {
+  PanelShapeMask mask(window_, PanelShapeMask::Fit::withEdge);
+  EXPECT_EQ(mask.region().boundingRect(), QRect(199, 0, 202, 33));
+  const QRegion exact = PanelShapeMask(window_, PanelShapeMask::Fit::exact).region();
+  EXPECT_EQ(exact.subtracted(mask.region()), QRegion());
+  // The rounded corners stay round: their far corner pixels are still cut away.
+  EXPECT_FALSE(mask.region().contains(QPoint(199, 32)));
+  EXPECT_FALSE(mask.region().contains(QPoint(400, 32)));
+}
+
+TEST_F(PanelShapeMaskTest, SwitchingTheFitCutsTheWindowAgainAtOnce) {
+  PanelShapeMask mask(window_, PanelShapeMask::Fit::withEdge);
+  state_.setOpen(true);
+  settle();
+  const QRegion withEdge = window_.mask();
+  EXPECT_EQ(withEdge.boundingRect(), QRect(0, 0, 600, 148));
+  mask.setFit(PanelShapeMask::Fit::exact);
+  EXPECT_EQ(mask.fit(), PanelShapeMask::Fit::exact);
+  EXPECT_EQ(window_.mask(), mask.region());
+  // Only the edge round the rounded corners went: the exact cut lies wholly inside the other.
+  EXPECT_NE(window_.mask(), withEdge);
+  EXPECT_TRUE(window_.mask().subtracted(withEdge).isEmpty());
+  mask.setFit(PanelShapeMask::Fit::withEdge);
+  EXPECT_EQ(window_.mask(), withEdge);
+}
+
 TEST_F(PanelShapeMaskTest, ClosedPanelIsCutToTheNotchOutline) {
   PanelShapeMask mask(window_);
   EXPECT_EQ(mask.region().boundingRect(), QRect(200, 0, 200, 32));

@@ -7,6 +7,10 @@ framebuffer file (XWD format), so that checks cost microseconds rather than a sc
   framebuffer.py wait  FILE X Y W H BOX SECONDS  polls until the region's black box is BOX; prints
                                                  the wall-clock time (seconds since the epoch) at
                                                  which it first was; exit status 1 on time-out
+  framebuffer.py ever-black FILE SECONDS X Y [X Y ...]
+                                                 watches the pixels, about every millisecond, for
+                                                 SECONDS; prints "never", or the first one seen
+                                                 black as X,Y and when; exit status 1 if one was
 
 "Black" allows a little antialiasing slack: every channel at most 8 of 255.
 """
@@ -60,6 +64,19 @@ class Framebuffer:
 
 def main(argv):
     command, path = argv[1], argv[2]
+    if command == "ever-black":
+        screen = Framebuffer(path)
+        seconds = float(argv[3])
+        points = [(int(argv[i]), int(argv[i + 1])) for i in range(4, len(argv) - 1, 2)]
+        deadline = time.time() + seconds
+        while time.time() < deadline:
+            for x, y in points:
+                if max(screen.pixel(x, y)) <= BLACK_LIMIT:
+                    print(f"{x},{y} at {time.time():.3f}")
+                    return 1
+            time.sleep(0.001)
+        print("never")
+        return 0
     numbers = [int(value) for value in argv[3:7] if value.lstrip("-").isdigit()]
     screen = Framebuffer(path)
     if command == "pixel":

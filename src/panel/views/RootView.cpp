@@ -69,6 +69,7 @@ void RootView::setOpen(bool open) {
     frameTimer_.stop();
     applyToGrid(now);
     update();
+    emit cardChanged();
     return;
   }
   openness_.retarget(open ? 1.0 : 0.0, now);
@@ -85,6 +86,7 @@ void RootView::advance(double now) {
   applyToGrid(now);
   update();
   if (openness_.isSettled(now) && !contentFade_.isRunning(now)) frameTimer_.stop();
+  emit cardChanged();
 }
 
 void RootView::applyToGrid(double now) {
@@ -129,6 +131,7 @@ void RootView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   placeGrid();
   applyToGrid(frameTimer_.now());
+  emit cardChanged();
 }
 
 bool RootView::event(QEvent* event) {

@@ -45,6 +45,11 @@ class RootView : public QWidget {
 
   QSize sizeHint() const override;
 
+ signals:
+  // The card moved or changed its size: on every animation frame, on a jump straight to a form
+  // (before the first frame is on screen), and when the view was resized.
+  void cardChanged();
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

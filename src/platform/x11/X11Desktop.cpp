@@ -19,20 +19,6 @@ bool X11Desktop::isConnected() const {
   return connection_->isValid();
 }
 
-bool X11Desktop::hasCompositingManager() const {
-  if (!connection_->isValid()) return false;
-  const std::string name = "_NET_WM_CM_S" + std::to_string(connection_->screenNumber());
-  const xcb_atom_t selection = connection_->atom(name.c_str());
-  if (selection == XCB_ATOM_NONE) return false;
-  xcb_connection_t* c = connection_->get();
-  xcb_get_selection_owner_reply_t* reply =
-      xcb_get_selection_owner_reply(c, xcb_get_selection_owner(c, selection), nullptr);
-  if (reply == nullptr) return false;
-  const bool owned = reply->owner != XCB_WINDOW_NONE;
-  std::free(reply);
-  return owned;
-}
-
 bool X11Desktop::markAsOverlay(std::uint32_t window) const {
   if (!connection_->isValid() || window == 0) return false;
   const xcb_atom_t windowType = connection_->atom("_NET_WM_WINDOW_TYPE");

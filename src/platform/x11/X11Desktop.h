@@ -8,9 +8,8 @@ namespace brimly {
 
 class X11Connection;
 
-// What the panel needs to know about, and tell, the X11 desktop: whether a compositing manager
-// runs (without one, transparent pixels show black and the window must be cut to shape instead),
-// and the window-manager hints that make a window an overlay.
+// What the panel needs to tell the X11 desktop: the window-manager hints that make a window an
+// overlay. (Whether a compositing manager runs is followed by X11CompositorWatch.)
 class X11Desktop {
  public:
   // An empty display name means $DISPLAY.
@@ -18,8 +17,6 @@ class X11Desktop {
   ~X11Desktop();
 
   bool isConnected() const;
-  // True when some client owns the compositing-manager selection of the default screen.
-  bool hasCompositingManager() const;
   // Marks a created but not yet mapped window as a dock: kept above normal windows, left out of
   // task bars and pagers, shown on every virtual desktop. Returns false when the server refused
   // any of it. The hints are in place on the server when this returns, so a map request sent

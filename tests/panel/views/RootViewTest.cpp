@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QImage>
 #include <QPainter>
+#include <QSignalSpy>
 #include <QTest>
 
 #include "PaintRecorder.h"
@@ -186,6 +187,29 @@ TEST_F(RootViewTest, OpeningBeforeTheFirstFrameShowsTheOpenCardAtOnce) {
   EXPECT_FALSE(view->isAnimating());
   EXPECT_EQ(view->cardFrame(), (Rect{0.0, 0.0, 600.0, 148.0}));
   EXPECT_EQ(view->contentOpacity(), 1.0);
+}
+
+TEST_F(RootViewTest, JumpBeforeTheFirstFrameSaysTheCardChanged) {
+  QSignalSpy changed(view.get(), &RootView::cardChanged);
+  view->show();
+  const int before = changed.count();
+  state.setOpen(true);
+  EXPECT_EQ(changed.count(), before + 1);
+}
+
+TEST_F(RootViewTest, EveryFrameSaysTheCardChanged) {
+  QSignalSpy changed(view.get(), &RootView::cardChanged);
+  state.setOpen(true);
+  advanceTo(now + 1.0 / 60.0);
+  advanceTo(now + 1.0 / 60.0);
+  EXPECT_EQ(changed.count(), 2);
+}
+
+TEST_F(RootViewTest, ResizeSaysTheCardChanged) {
+  view->show();
+  QSignalSpy changed(view.get(), &RootView::cardChanged);
+  view->resize(640, 148);
+  EXPECT_EQ(changed.count(), 1);
 }
 
 TEST_F(RootViewTest, OnceOnScreenChangesAnimate) {

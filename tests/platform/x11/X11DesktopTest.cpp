@@ -47,29 +47,10 @@ class X11DesktopTest : public ::testing::Test {
   XvfbServer server_{800, 600};
 };
 
-TEST(X11DesktopEdge, UnreachableDisplayHasNoCompositorAndTakesNoHints) {
+TEST(X11DesktopEdge, UnreachableDisplayTakesNoHints) {
   X11Desktop desktop(":4711");
   EXPECT_FALSE(desktop.isConnected());
-  EXPECT_FALSE(desktop.hasCompositingManager());
   EXPECT_FALSE(desktop.markAsOverlay(42));
-}
-
-TEST_F(X11DesktopTest, BareServerHasNoCompositingManager) {
-  X11Desktop desktop(server_.display());
-  EXPECT_TRUE(desktop.isConnected());
-  EXPECT_FALSE(desktop.hasCompositingManager());
-}
-
-TEST_F(X11DesktopTest, OwnerOfTheCompositorSelectionCountsAsCompositingManager) {
-  X11Connection manager(server_.display());
-  ASSERT_TRUE(manager.isValid());
-  const xcb_window_t owner = createWindow(manager);
-  xcb_set_selection_owner(manager.get(), owner, manager.atom("_NET_WM_CM_S0"), XCB_CURRENT_TIME);
-  xcb_flush(manager.get());
-  // A round trip makes sure the ownership reached the server before we ask.
-  std::free(xcb_get_input_focus_reply(manager.get(), xcb_get_input_focus(manager.get()), nullptr));
-
-  EXPECT_TRUE(X11Desktop(server_.display()).hasCompositingManager());
 }
 
 TEST_F(X11DesktopTest, OverlayIsADockOnEveryDesktopKeptAboveAndOutOfTaskBars) {
