@@ -1,9 +1,15 @@
 # Thin front door over CMake presets. `make test` and `make run` set everything up first.
 PRESET ?= dev
 BUILD_DIR := build/$(PRESET)
+SYSTEM := $(shell uname -s)
+# On macOS the program lives inside its application bundle.
+ifeq ($(SYSTEM),Darwin)
+APP := $(BUILD_DIR)/src/app/Brimly.app/Contents/MacOS/Brimly
+else
 APP := $(BUILD_DIR)/src/app/brimly
+endif
 
-.PHONY: deps build test run audit bench footprint format clean
+.PHONY: deps build test run audit bench footprint package format clean
 
 deps:
 	@scripts/install-deps
@@ -26,6 +32,16 @@ footprint: build
 
 audit: build
 	@cmake --build --preset $(PRESET) --target audit
+
+# macOS: a disk image (build/<preset>/Brimly-<version>-macOS-arm64.dmg) with Brimly.app made
+# self-contained (Qt deployed into it) and signed ad hoc. A build that defines no package says so.
+package: build
+ifeq ($(SYSTEM),Darwin)
+	@cmake --build --preset $(PRESET) --target deploy
+endif
+	@if [ -f $(BUILD_DIR)/CPackConfig.cmake ]; then \
+	  cmake --build --preset $(PRESET) --target package; \
+	else echo "make package: this build defines no package for $(SYSTEM) yet"; fi
 
 # Optimised build; prints both medians and the sampler's ratio to the bare kernel-file reads.
 bench: deps

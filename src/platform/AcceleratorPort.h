@@ -7,8 +7,9 @@
 
 namespace brimly {
 
-// The GPU accelerator services, each as its property dictionary. A service's load figures sit in
-// its "PerformanceStatistics" dictionary under keys such as "Device Utilization %".
+// The GPU accelerator services, each as its properties: at least "IOClass" (the service's class
+// name) and its "PerformanceStatistics" dictionary, where the load figures sit under keys such as
+// "Device Utilization %"; a backend may bring more.
 class AcceleratorPort {
  public:
   virtual ~AcceleratorPort() = default;

@@ -27,6 +27,10 @@ class PlatformFactory {
   virtual std::unique_ptr<EnergyCounterPort> makeEnergyCounterPort() const = 0;
   // The clock that energy rates are measured against; lives as long as the factory.
   virtual const MonotonicClock& clock() const = 0;
+  // The shortest time, by `clock()`, between two readings of the processor ticks that the system
+  // answers afresh; a reading sooner gets a copy of an earlier answer (macOS keeps to a few live
+  // answers a second), so a sampler repeats its last figure instead of asking. 0: no such limit.
+  virtual double tickReadingSpacingSeconds() const { return 0.0; }
 };
 
 }  // namespace brimly

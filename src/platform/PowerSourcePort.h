@@ -19,6 +19,12 @@ class PowerSourcePort {
   // The battery registry entry's properties ("Voltage" in mV, "Amperage", …); nothing when the
   // machine has no battery service.
   virtual std::optional<PropertyDict> readSmartBatteryProperties() = 0;
+  // What the sampler reads every second: the entry's "Voltage" (mV), where a backend can read it
+  // alone; other properties may come along. Nothing when the machine has no battery service. By
+  // default the whole entry.
+  virtual std::optional<PropertyDict> readSmartBatteryVoltage() {
+    return readSmartBatteryProperties();
+  }
 };
 
 }  // namespace brimly

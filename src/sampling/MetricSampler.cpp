@@ -28,6 +28,8 @@ MetricSampler::MetricSampler(const PlatformFactory& platform)
       disk_(platform.makeDiskPort()),
       accelerators_(platform.makeAcceleratorPort()),
       powerSources_(platform.makePowerSourcePort()),
+      clock_(platform.clock()),
+      cpuThrottle_(platform.tickReadingSpacingSeconds()),
       sensors_(platform.makeTemperatureSensorPort()),
       energy_(platform.makeEnergyCounterPort(), platform.clock()) {}
 
@@ -38,7 +40,8 @@ MetricSample MetricSampler::sample() {
                  "sample counter overflow");
   ++sampleCounter_;
   MetricSample sample;
-  sample.cpu = readCPU();
+  if (cpuThrottle_.admit(clock_.nowSeconds())) lastCpu_ = readCPU();
+  sample.cpu = lastCpu_;
   sample.gpu = readGPU();
   // Memory and swap come from one port call: some systems serve both from one file.
   const MemoryReading memory = memory_ ? memory_->readMemory() : MemoryReading{};
@@ -51,9 +54,9 @@ MetricSample MetricSampler::sample() {
   sample.temperatureC = sensors_.currentCPUTemperature();
   sample.systemPowerWatts = energy_.sampleSystemPower();
   if (DiskUsage::isRefreshCall(sampleCounter_)) readDisk();
-  sample.diskUsedBytes = lastDiskUsed_;
-  sample.diskTotalBytes = lastDiskTotal_;
-  sample.disk = DiskUsage{lastDiskUsed_, lastDiskTotal_}.fraction();
+  sample.diskUsedBytes = lastDisk_.usedBytes;
+  sample.diskTotalBytes = lastDisk_.totalBytes;
+  sample.disk = lastDisk_.fraction();
   return sample;
 }
 
@@ -72,10 +75,7 @@ void MetricSampler::readMemory(MetricSample& sample) {
 
 void MetricSampler::readDisk() {
   if (!disk_) return;
-  if (const auto usage = DiskUsage::from(disk_->readDiskCapacities())) {
-    lastDiskUsed_ = usage->usedBytes;
-    lastDiskTotal_ = usage->totalBytes;
-  }
+  if (const auto usage = DiskUsage::from(disk_->readDiskCapacities())) lastDisk_ = *usage;
 }
 
 std::pair<double, PowerState> MetricSampler::readPower(MetricSample& sample) {
@@ -88,7 +88,7 @@ std::pair<double, PowerState> MetricSampler::readPower(MetricSample& sample) {
 
 std::int64_t MetricSampler::readBatteryVoltageMV() {
   if (!powerSources_) return 0;
-  return PowerReading::batteryVoltageMV(powerSources_->readSmartBatteryProperties());
+  return PowerReading::batteryVoltageMV(powerSources_->readSmartBatteryVoltage());
 }
 
 }  // namespace brimly

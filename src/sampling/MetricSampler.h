@@ -7,8 +7,10 @@
 
 #include "platform/PlatformFactory.h"
 #include "sampling/CpuLoad.h"
+#include "sampling/DiskUsage.h"
 #include "sampling/EnergyReader.h"
 #include "sampling/MetricSample.h"
+#include "sampling/ReadingThrottle.h"
 #include "sampling/SensorReader.h"
 
 namespace brimly {
@@ -26,7 +28,9 @@ class MetricSampler {
   MetricSampler& operator=(const MetricSampler&) = delete;
 
   // One snapshot. A reading the platform cannot supply keeps its default. The disk is read on the
-  // first call and every tenth; the other calls repeat the last good figures.
+  // first call and every tenth; the other calls repeat the last good figures. The processor ticks
+  // are not read again sooner than the platform's tick-reading spacing after the last reading (a
+  // timer restarted at once, say): such a call repeats the last processor figure.
   MetricSample sample();
 
   // The single readings `sample()` is made of.
@@ -39,8 +43,8 @@ class MetricSampler {
   std::int64_t readBatteryVoltageMV();
 
   std::int64_t sampleCounter() const { return sampleCounter_; }
-  std::int64_t lastDiskUsed() const { return lastDiskUsed_; }
-  std::int64_t lastDiskTotal() const { return lastDiskTotal_; }
+  std::int64_t lastDiskUsed() const { return lastDisk_.usedBytes; }
+  std::int64_t lastDiskTotal() const { return lastDisk_.totalBytes; }
   SensorReader& sensors() { return sensors_; }
   EnergyReader& energy() { return energy_; }
 
@@ -50,12 +54,14 @@ class MetricSampler {
   std::unique_ptr<DiskPort> disk_;
   std::unique_ptr<AcceleratorPort> accelerators_;
   std::unique_ptr<PowerSourcePort> powerSources_;
+  const MonotonicClock& clock_;
+  ReadingThrottle cpuThrottle_;
   CpuLoad cpuLoad_;
+  double lastCpu_ = 0.0;
   std::int64_t sampleCounter_ = 0;
   SensorReader sensors_;
   EnergyReader energy_;
-  std::int64_t lastDiskUsed_ = 0;
-  std::int64_t lastDiskTotal_ = 0;
+  DiskUsage lastDisk_;
 };
 
 }  // namespace brimly

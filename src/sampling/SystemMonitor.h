@@ -43,7 +43,8 @@ class SystemMonitor : public QObject, public SamplingRateControl {
 
   // Replaces the timer with one that ticks at once and then every `intervalSeconds`. The sampler
   // is not reset: the first processor figure after a restart covers the time since the previous
-  // tick, and the disk refresh count runs on.
+  // tick (or repeats the previous figure when that tick was too recent for the system to answer
+  // afresh), and the disk refresh count runs on.
   void restartTimer(double intervalSeconds) override;
 
   bool hasTimer() const { return timer_ != nullptr; }

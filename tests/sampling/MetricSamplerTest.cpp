@@ -54,6 +54,51 @@ TEST(MetricSampler, LaterSamplesMeasureProcessorLoadAndSocPowerSinceThePreviousO
   EXPECT_DOUBLE_EQ(*sample.systemPowerWatts, 2.5);
 }
 
+TEST(MetricSampler, TicksAreNotReadAgainWithinThePlatformsSpacing) {
+  FakePlatform platform;
+  platform.setTickReadingSpacingSeconds(0.5);
+  MetricSampler sampler(platform);
+  sampler.sample();
+  platform.ownClock().advance(1.0);
+  platform.change([](FakeMachine& machine) { machine.addCpuTicks(300, 100); });
+  EXPECT_DOUBLE_EQ(sampler.sample().cpu, 0.75);
+  EXPECT_EQ(platform.readCounts().cpuTicks, 2);
+
+  // A timer restarted at once: 0.2 s later the system would answer with a copy of its last answer.
+  platform.ownClock().advance(0.2);
+  platform.change([](FakeMachine& machine) { machine.addCpuTicks(0, 100); });
+  EXPECT_DOUBLE_EQ(sampler.sample().cpu, 0.75);
+  EXPECT_EQ(platform.readCounts().cpuTicks, 2);
+
+  // Half a second after the last reading the ticks are read again, and the figure covers the
+  // whole time since that reading.
+  platform.ownClock().advance(0.3);
+  platform.change([](FakeMachine& machine) { machine.addCpuTicks(100, 0); });
+  EXPECT_DOUBLE_EQ(sampler.sample().cpu, 0.5);
+  EXPECT_EQ(platform.readCounts().cpuTicks, 3);
+}
+
+TEST(MetricSampler, WithoutASpacingEveryCallReadsTheTicks) {
+  FakePlatform platform;
+  MetricSampler sampler(platform);
+  sampler.sample();
+  platform.change([](FakeMachine& machine) { machine.addCpuTicks(100, 300); });
+  EXPECT_DOUBLE_EQ(sampler.sample().cpu, 0.25);  // no time passed on the clock at all
+  EXPECT_EQ(platform.readCounts().cpuTicks, 2);
+}
+
+TEST(MetricSampler, TheSpacingLeavesTheOtherReadingsAlone) {
+  FakePlatform platform;
+  platform.setTickReadingSpacingSeconds(0.5);
+  MetricSampler sampler(platform);
+  sampler.sample();
+  sampler.sample();
+  EXPECT_EQ(platform.readCounts().cpuTicks, 1);
+  EXPECT_EQ(platform.readCounts().memory, 2);
+  EXPECT_EQ(platform.readCounts().accelerators, 2);
+  EXPECT_EQ(platform.readCounts().powerSources, 2);
+}
+
 TEST(MetricSampler, DiskIsReadOnCallsOneTenTwentyOnly) {
   FakePlatform platform;
   MetricSampler sampler(platform);

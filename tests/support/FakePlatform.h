@@ -79,6 +79,8 @@ class FakePlatform final : public PlatformFactory {
   void change(const std::function<void(FakeMachine&)>& edit);
   FakeReadCounts readCounts() const;
   FakeClock& ownClock() { return ownClock_; }
+  // The platform's tick-reading spacing (0 unless set).
+  void setTickReadingSpacingSeconds(double seconds) { tickReadingSpacing_ = seconds; }
 
   std::unique_ptr<CpuTicksPort> makeCpuTicksPort() const override;
   std::unique_ptr<MemoryPort> makeMemoryPort() const override;
@@ -88,6 +90,7 @@ class FakePlatform final : public PlatformFactory {
   std::unique_ptr<TemperatureSensorPort> makeTemperatureSensorPort() const override;
   std::unique_ptr<EnergyCounterPort> makeEnergyCounterPort() const override;
   const MonotonicClock& clock() const override;
+  double tickReadingSpacingSeconds() const override { return tickReadingSpacing_; }
 
   struct State;
 
@@ -95,6 +98,7 @@ class FakePlatform final : public PlatformFactory {
   std::shared_ptr<State> state_;
   FakeClock ownClock_;
   const MonotonicClock* clock_;
+  double tickReadingSpacing_ = 0.0;
 };
 
 }  // namespace brimly::testing

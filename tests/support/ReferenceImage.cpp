@@ -7,6 +7,7 @@
 
 namespace brimly::testing {
 
+#ifndef __APPLE__
 namespace {
 
 bool updating() {
@@ -22,9 +23,22 @@ QString savedActual(const QImage& actual, const QString& referencePath) {
 }
 
 }  // namespace
+#endif
 
 ::testing::AssertionResult matchesReference(const QImage& actual, const QString& referencePath,
                                             ImageTolerance tolerance) {
+#ifdef __APPLE__
+  // The references are drawn with the DejaVu fonts through FreeType; macOS draws text with Core
+  // Text and other fonts, so no rendering there can match them. The comparison is marked skipped
+  // (and no reference is written); the test's other assertions still run.
+  [&] {
+    GTEST_SKIP() << "reference image " << QFileInfo(referencePath).fileName().toStdString()
+                 << " not compared: the references are FreeType renderings with DejaVu fonts";
+  }();
+  (void)actual;
+  (void)tolerance;
+  return ::testing::AssertionSuccess() << "not compared on macOS";
+#else
   const QImage rendered = actual.convertToFormat(QImage::Format_ARGB32);
   if (updating()) {
     QDir().mkpath(QFileInfo(referencePath).absolutePath());
@@ -71,6 +85,7 @@ QString savedActual(const QImage& actual, const QString& referencePath) {
            << "); rendering saved as " << savedActual(rendered, referencePath).toStdString();
   }
   return ::testing::AssertionSuccess();
+#endif
 }
 
 }  // namespace brimly::testing

@@ -2,11 +2,31 @@
 
 #include <IOKit/IOKitLib.h>
 
+#include <string>
+
 #include "platform/macos/OwnedHandles.h"
 #include "platform/macos/PropertyListConversion.h"
 
 namespace brimly {
 namespace {
+
+// What Brimly uses of an accelerator, read one property at a time: the entry carries large blobs
+// that are not worth converting every second. "IOClass" is the service's class name (asked of the
+// object, not read from the registry), "PerformanceStatistics" its load figures, left out where
+// the service has none. Nothing when that property is not a string-keyed dictionary.
+std::optional<PropertyDict> acceleratorProperties(io_registry_entry_t service) {
+  PropertyDict properties;
+  io_name_t className{};
+  if (IOObjectGetClass(service, className) == KERN_SUCCESS)
+    properties.set("IOClass", std::string(className));
+  CFOwned<CFTypeRef> statistics(IORegistryEntryCreateCFProperty(
+      service, CFSTR("PerformanceStatistics"), kCFAllocatorDefault, 0));
+  if (!statistics) return properties;
+  std::optional<PropertyDict> figures = propertyDictFromCF(statistics.get());
+  if (!figures) return std::nullopt;
+  properties.set("PerformanceStatistics", std::move(*figures));
+  return properties;
+}
 
 class MacAcceleratorPort final : public AcceleratorPort {
  public:
@@ -22,14 +42,7 @@ class MacAcceleratorPort final : public AcceleratorPort {
     std::vector<std::optional<PropertyDict>> services;
     while (io_object_t rawService = IOIteratorNext(iterator.get())) {
       IOOwned service(rawService);
-      CFMutableDictionaryRef rawProperties = nullptr;
-      if (IORegistryEntryCreateCFProperties(service.get(), &rawProperties, kCFAllocatorDefault,
-                                            0) != KERN_SUCCESS) {
-        services.emplace_back();
-        continue;
-      }
-      CFOwned<CFMutableDictionaryRef> properties(rawProperties);
-      services.push_back(propertyDictFromCF(properties.get()));
+      services.push_back(acceleratorProperties(service.get()));
     }
     return services;
   }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "platform/macos/MacReadingRules.h"
 #include "platform/macos/OwnedHandles.h"
 #include "platform/macos/PropertyListConversion.h"
 
@@ -18,7 +19,8 @@ std::optional<std::int64_t> integerFor(CFDictionaryRef values, CFStringRef key) 
 }
 
 // "/" is the sealed system volume; it shares its container with the data volume, so these are
-// the container's figures. The important-usage figure counts purgeable space as free.
+// the container's figures. The important-usage figure counts purgeable space as free; the plain
+// available capacity stands in where it has no answer (volumeCapacities decides).
 class MacDiskPort final : public DiskPort {
  public:
   std::optional<DiskCapacities> readDiskCapacities() override {
@@ -27,16 +29,17 @@ class MacDiskPort final : public DiskPort {
         CFURLCreateFromFileSystemRepresentation(kCFAllocatorDefault, path, 1, true));
     if (!root) return std::nullopt;
     const void* keyList[] = {kCFURLVolumeAvailableCapacityForImportantUsageKey,
-                             kCFURLVolumeTotalCapacityKey};
+                             kCFURLVolumeAvailableCapacityKey, kCFURLVolumeTotalCapacityKey};
     CFOwned<CFArrayRef> keys(
-        CFArrayCreate(kCFAllocatorDefault, keyList, 2, &kCFTypeArrayCallBacks));
+        CFArrayCreate(kCFAllocatorDefault, keyList, 3, &kCFTypeArrayCallBacks));
     if (!keys) return std::nullopt;
     CFOwned<CFDictionaryRef> values(
         CFURLCopyResourcePropertiesForKeys(root.get(), keys.get(), nullptr));
     if (!values) return std::nullopt;
-    return DiskCapacities{
-        .available = integerFor(values.get(), kCFURLVolumeAvailableCapacityForImportantUsageKey),
-        .total = integerFor(values.get(), kCFURLVolumeTotalCapacityKey)};
+    return volumeCapacities(
+        integerFor(values.get(), kCFURLVolumeAvailableCapacityForImportantUsageKey),
+        integerFor(values.get(), kCFURLVolumeAvailableCapacityKey),
+        integerFor(values.get(), kCFURLVolumeTotalCapacityKey));
   }
 };
 

@@ -44,35 +44,17 @@ Fn lookUp(void* handle, const char* name) {
 
 class MacEnergyCounterPort final : public EnergyCounterPort {
  public:
-  MacEnergyCounterPort() {
-    for (const char* path : kLibraryPaths) {
-      library_ = dlopen(path, RTLD_NOW);
-      if (library_ != nullptr) break;
-    }
-    // Opening the library makes its functions visible through the process-wide handle.
-    void* process = dlopen(nullptr, RTLD_NOW);
-    const auto copyChannels = lookUp<CopyChannelsInGroupFn>(process, "IOReportCopyChannelsInGroup");
-    const auto subscribe = lookUp<CreateSubscriptionFn>(process, "IOReportCreateSubscription");
-    createSamples_ = lookUp<CreateSamplesFn>(process, "IOReportCreateSamples");
-    iterate_ = lookUp<IterateFn>(process, "IOReportIterate");
-    simpleGetInteger_ = lookUp<SimpleGetIntegerFn>(process, "IOReportSimpleGetIntegerValue");
-    channelName_ = lookUp<ChannelGetStringFn>(process, "IOReportChannelGetChannelName");
-    unitLabel_ = lookUp<ChannelGetStringFn>(process, "IOReportChannelGetUnitLabel");
-    if (copyChannels == nullptr || subscribe == nullptr) return;
-    channels_.reset(copyChannels(CFSTR("Energy Model"), nullptr, 0, 0, 0));
-    if (!channels_) return;
-    CFMutableDictionaryRef subscribed = nullptr;
-    subscription_.reset(subscribe(nullptr, channels_.get(), &subscribed, 0, nullptr));
-    if (subscribed != nullptr) CFRelease(subscribed);
-  }
-
   ~MacEnergyCounterPort() override {
     subscription_.reset();
     channels_.reset();
     if (library_ != nullptr) dlclose(library_);
   }
 
+  // The library is opened and the channels subscribed to on the first question, on the thread
+  // that asks every question (the sampler's): whether a subscription may move between threads is
+  // not known.
   bool isAvailable() const override {
+    if (!subscribed_) subscribe();
     return subscription_ && channels_ && createSamples_ != nullptr && iterate_ != nullptr &&
            simpleGetInteger_ != nullptr && channelName_ != nullptr;
   }
@@ -94,6 +76,31 @@ class MacEnergyCounterPort final : public EnergyCounterPort {
   double joulesPerUnit() const override { return kJoulesPerNanojoule; }
 
  private:
+  // Set up once; `isAvailable` is a question, so the state it fills in on first use is mutable.
+  void subscribe() const {
+    subscribed_ = true;
+    for (const char* path : kLibraryPaths) {
+      library_ = dlopen(path, RTLD_NOW);
+      if (library_ != nullptr) break;
+    }
+    // Opening the library makes its functions visible through the process-wide handle.
+    void* process = dlopen(nullptr, RTLD_NOW);
+    const auto copyChannels = lookUp<CopyChannelsInGroupFn>(process, "IOReportCopyChannelsInGroup");
+    const auto createSubscription =
+        lookUp<CreateSubscriptionFn>(process, "IOReportCreateSubscription");
+    createSamples_ = lookUp<CreateSamplesFn>(process, "IOReportCreateSamples");
+    iterate_ = lookUp<IterateFn>(process, "IOReportIterate");
+    simpleGetInteger_ = lookUp<SimpleGetIntegerFn>(process, "IOReportSimpleGetIntegerValue");
+    channelName_ = lookUp<ChannelGetStringFn>(process, "IOReportChannelGetChannelName");
+    unitLabel_ = lookUp<ChannelGetStringFn>(process, "IOReportChannelGetUnitLabel");
+    if (copyChannels == nullptr || createSubscription == nullptr) return;
+    channels_.reset(copyChannels(CFSTR("Energy Model"), nullptr, 0, 0, 0));
+    if (!channels_) return;
+    CFMutableDictionaryRef subscribed = nullptr;
+    subscription_.reset(createSubscription(nullptr, channels_.get(), &subscribed, 0, nullptr));
+    if (subscribed != nullptr) CFRelease(subscribed);
+  }
+
   void appendCounter(CFDictionaryRef channel, std::vector<EnergyCounter>& counters) const {
     const std::int64_t raw = simpleGetInteger_(channel, nullptr);
     if (raw == kInvalidValue) return;
@@ -106,14 +113,15 @@ class MacEnergyCounterPort final : public EnergyCounterPort {
                                      .wrapsAt = 0});
   }
 
-  void* library_ = nullptr;
-  CreateSamplesFn createSamples_ = nullptr;
-  IterateFn iterate_ = nullptr;
-  SimpleGetIntegerFn simpleGetInteger_ = nullptr;
-  ChannelGetStringFn channelName_ = nullptr;
-  ChannelGetStringFn unitLabel_ = nullptr;
-  CFOwned<CFMutableDictionaryRef> channels_;
-  CFOwned<CFTypeRef> subscription_;
+  mutable bool subscribed_ = false;
+  mutable void* library_ = nullptr;
+  mutable CreateSamplesFn createSamples_ = nullptr;
+  mutable IterateFn iterate_ = nullptr;
+  mutable SimpleGetIntegerFn simpleGetInteger_ = nullptr;
+  mutable ChannelGetStringFn channelName_ = nullptr;
+  mutable ChannelGetStringFn unitLabel_ = nullptr;
+  mutable CFOwned<CFMutableDictionaryRef> channels_;
+  mutable CFOwned<CFTypeRef> subscription_;
 };
 
 }  // namespace

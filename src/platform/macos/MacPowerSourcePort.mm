@@ -9,6 +9,14 @@
 namespace brimly {
 namespace {
 
+// The battery's registry entry; none on a machine without a battery.
+IOOwned smartBattery() {
+  CFMutableDictionaryRef matching = IOServiceMatching("AppleSmartBattery");
+  if (matching == nullptr) return IOOwned(IO_OBJECT_NULL);
+  // Consumes the matching dictionary, whatever the outcome.
+  return IOOwned(IOServiceGetMatchingService(kIOMainPortDefault, matching));
+}
+
 class MacPowerSourcePort final : public PowerSourcePort {
  public:
   std::optional<std::vector<std::optional<PropertyDict>>> readPowerSourceDescriptions() override {
@@ -28,10 +36,7 @@ class MacPowerSourcePort final : public PowerSourcePort {
   }
 
   std::optional<PropertyDict> readSmartBatteryProperties() override {
-    CFMutableDictionaryRef matching = IOServiceMatching("AppleSmartBattery");
-    if (matching == nullptr) return std::nullopt;
-    // Consumes the matching dictionary; no service on a machine without a battery.
-    IOOwned battery(IOServiceGetMatchingService(kIOMainPortDefault, matching));
+    IOOwned battery = smartBattery();
     if (!battery) return std::nullopt;
     CFMutableDictionaryRef rawProperties = nullptr;
     if (IORegistryEntryCreateCFProperties(battery.get(), &rawProperties, kCFAllocatorDefault, 0) !=
@@ -40,6 +45,19 @@ class MacPowerSourcePort final : public PowerSourcePort {
     }
     CFOwned<CFMutableDictionaryRef> properties(rawProperties);
     return propertyDictFromCF(properties.get());
+  }
+
+  // The sampler's reading, every second: the one property, not the whole entry.
+  std::optional<PropertyDict> readSmartBatteryVoltage() override {
+    IOOwned battery = smartBattery();
+    if (!battery) return std::nullopt;
+    PropertyDict properties;
+    CFOwned<CFTypeRef> voltage(
+        IORegistryEntryCreateCFProperty(battery.get(), CFSTR("Voltage"), kCFAllocatorDefault, 0));
+    if (std::optional<PropertyValue> value = propertyValueFromCF(voltage.get())) {
+      properties.set("Voltage", std::move(*value));
+    }
+    return properties;
   }
 };
 

@@ -9,9 +9,11 @@ namespace brimly {
 // The user's preferences in the preferences system, under an application domain (by default the
 // bundle identifier, "app.brimly.Brimly"), the place `defaults read app.brimly.Brimly` shows.
 //
-// Values keep their property-list types, so the reads are strict: a Boolean is a CFBoolean only
-// (a number 0 or 1 does not count), a string list is an array whose elements are all strings.
-// Anything else, or a key that is absent, reads as nothing. The preferences system answers from
+// Booleans read as the user-defaults system's boolForKey: reads them (preferenceBool in
+// MacReadingRules.h), so that `defaults write app.brimly.Brimly isPinned -bool true`, `-int 1` and
+// `-string YES` all pin the panel; a list or a dictionary there reads as nothing. String lists
+// are strict: an array whose elements are all strings. Anything else, or a key that is absent,
+// reads as nothing. The preferences system answers from
 // its own cache and never reports a damaged file, so readFailed() is always false: a damaged
 // domain simply reads as empty.
 //

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/BuildInfo.h"
+#include "platform/macos/MacReadingRules.h"
 #include "platform/macos/OwnedHandles.h"
 #include "platform/macos/PropertyListConversion.h"
 
@@ -44,8 +45,9 @@ MacPreferencesStore::MacPreferencesStore(std::string applicationDomain)
 
 std::optional<bool> MacPreferencesStore::readBool(std::string_view key) const {
   const CFOwned<CFPropertyListRef> value = copyValue(domain_, key);
-  if (!value || CFGetTypeID(value.get()) != CFBooleanGetTypeID()) return std::nullopt;
-  return CFBooleanGetValue(static_cast<CFBooleanRef>(value.get())) != 0;
+  const std::optional<PropertyValue> plain = propertyValueFromCF(value.get());
+  if (!plain) return std::nullopt;
+  return preferenceBool(*plain);
 }
 
 std::optional<std::vector<std::string>> MacPreferencesStore::readStringList(

@@ -46,7 +46,18 @@ CFOwned<CFDictionaryRef> temperatureSensorMatching() {
 
 class MacTemperatureSensorPort final : public TemperatureSensorPort {
  public:
-  MacTemperatureSensorPort() {
+  // The event-system client is made on the first reading, on the thread that takes every
+  // reading (the sampler's): whether the client may move between threads is not known.
+  std::vector<RawTemperatureSensor> readTemperatureSensors() override {
+    if (!connected_) connect();
+    return readSensors();
+  }
+
+  SensorNaming naming() const override { return SensorNaming::appleSilicon; }
+
+ private:
+  void connect() {
+    connected_ = true;
     void* process = dlopen(nullptr, RTLD_NOW);
     const auto createClient = lookUp<CreateClientFn>(process, "IOHIDEventSystemClientCreate");
     const auto setMatching = lookUp<SetMatchingFn>(process, "IOHIDEventSystemClientSetMatching");
@@ -62,7 +73,7 @@ class MacTemperatureSensorPort final : public TemperatureSensorPort {
     client_ = std::move(client);
   }
 
-  std::vector<RawTemperatureSensor> readTemperatureSensors() override {
+  std::vector<RawTemperatureSensor> readSensors() {
     std::vector<RawTemperatureSensor> sensors;
     if (!client_ || copyServices_ == nullptr || copyEvent_ == nullptr || copyProperty_ == nullptr ||
         eventFloat_ == nullptr) {
@@ -85,9 +96,7 @@ class MacTemperatureSensorPort final : public TemperatureSensorPort {
     return sensors;
   }
 
-  SensorNaming naming() const override { return SensorNaming::appleSilicon; }
-
- private:
+  bool connected_ = false;
   CopyServicesFn copyServices_ = nullptr;
   CopyEventFn copyEvent_ = nullptr;
   CopyPropertyFn copyProperty_ = nullptr;
