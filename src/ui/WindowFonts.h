@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QFont>
+
+class QPaintDevice;
+
+namespace brimly {
+
+// The fonts of Brimly's windows. Sizes are the design's points, which are device-independent
+// pixels, so a font is made for the device it is drawn on. `tracking` widens the letter spacing by
+// that many points.
+QFont windowFont(const QPaintDevice& device, double size, QFont::Weight weight,
+                 double tracking = 0.0);
+// The same in the rounded face the metric labels use, where one is installed.
+QFont roundedWindowFont(const QPaintDevice& device, double size, QFont::Weight weight,
+                        double tracking = 0.0);
+
+}  // namespace brimly
