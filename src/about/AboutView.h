@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QFont>
+#include <QImage>
+#include <QString>
+#include <QWidget>
+#include <optional>
+
+#include "about/AboutLayout.h"
+
+namespace brimly {
+
+// The About window's content: the application icon, name, version, tagline, the maker's mark and
+// a footer, drawn on the windows' dark surface exactly where `AboutLayout` puts them. The version
+// is read from the application on every paint, so it is never stale.
+class AboutView : public QWidget {
+ public:
+  // `fontFamily` empty means the system's default sans-serif; `logo` is the maker's wordmark,
+  // absent to spell the name out instead.
+  explicit AboutView(QString fontFamily = {}, std::optional<QImage> logo = defaultLogo(),
+                     QWidget* parent = nullptr);
+
+  // What would be drawn now: the texts for the application's current version, and their frames.
+  AboutGeometry currentLayout() const;
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  static std::optional<QImage> defaultLogo();
+
+  AboutGeometry layoutFor(const AboutContent& content) const;
+  QFont fontFor(const AboutTextStyle& style) const;
+  Size measure(const std::string& text, const AboutTextStyle& style) const;
+  // Keeps what a screen reader says in step with the version shown.
+  void describe(const AboutContent& content);
+  // The logo shrunk to `pixels` once: drawn straight from 600 pixels to a few dozen it would
+  // alias badly.
+  const QImage& logoAt(QSize pixels);
+
+  QString fontFamily_;
+  std::optional<QImage> logo_;
+  QImage scaledLogo_;
+};
+
+}  // namespace brimly

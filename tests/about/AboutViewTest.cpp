@@ -1,0 +1,145 @@
+#include "about/AboutView.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QImage>
+#include <QPixmap>
+
+#include "ReferenceImage.h"
+#include "about/AboutTheme.h"
+#include "about/KorvelBrand.h"
+#include "panel/views/QtGeometry.h"
+#include "usage/views/QtColor.h"
+
+namespace brimly {
+namespace {
+
+// The font the references are drawn with (fonts-dejavu-core), whatever else is installed.
+const QString testFont = QStringLiteral("DejaVu Sans");
+
+// Sets the application's version for one test and puts the old one back afterwards.
+class AboutViewTest : public ::testing::Test {
+ protected:
+  void SetUp() override { saved_ = QCoreApplication::applicationVersion(); }
+  void TearDown() override { QCoreApplication::setApplicationVersion(saved_); }
+
+ private:
+  QString saved_;
+};
+
+QImage render(AboutView& view) {
+  QImage image(view.sizeHint(), QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::magenta);  // shows through wherever the view forgets to paint
+  view.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+  return image;
+}
+
+TEST_F(AboutViewTest, WithoutAnApplicationVersionItShowsDev) {
+  QCoreApplication::setApplicationVersion(QString());
+  AboutView view(testFont);
+  EXPECT_EQ(view.currentLayout().version.text, "vdev");
+}
+
+TEST_F(AboutViewTest, ShowsTheApplicationsVersion) {
+  QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
+  AboutView view(testFont);
+  EXPECT_EQ(view.currentLayout().version.text, "v0.1.0");
+  EXPECT_TRUE(view.accessibleDescription().contains(QStringLiteral("v0.1.0")));
+}
+
+TEST_F(AboutViewTest, ReadsTheVersionAgainOnEveryPaint) {
+  QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
+  AboutView view(testFont);
+  const QImage before = render(view);
+  QCoreApplication::setApplicationVersion(QStringLiteral("0.2.0"));
+  EXPECT_NE(render(view), before);
+  EXPECT_EQ(view.currentLayout().version.text, "v0.2.0");
+  EXPECT_TRUE(view.accessibleDescription().contains(QStringLiteral("v0.2.0")));
+}
+
+TEST_F(AboutViewTest, IsNamedForScreenReaders) {
+  AboutView view(testFont);
+  EXPECT_EQ(view.accessibleName(), QStringLiteral("About Brimly"));
+  EXPECT_TRUE(view.accessibleDescription().startsWith(QStringLiteral("Brimly, v")));
+}
+
+TEST_F(AboutViewTest, WithoutTheLogoTheBrandRowReadsKorvel) {
+  AboutView view(testFont, KorvelBrand::decodeLogo("not a logo"));
+  const AboutGeometry geometry = view.currentLayout();
+  EXPECT_FALSE(geometry.logo.has_value());
+  ASSERT_TRUE(geometry.brandName.has_value());
+  EXPECT_EQ(geometry.by.text, "by");
+  EXPECT_EQ(geometry.brandName->text, "Korvel");
+}
+
+TEST_F(AboutViewTest, WithTheLogoTheBrandRowShowsIt) {
+  AboutView view(testFont);
+  const AboutGeometry geometry = view.currentLayout();
+  ASSERT_TRUE(geometry.logo.has_value());
+  EXPECT_EQ(geometry.logo->height, 20.0);
+  EXPECT_NEAR(geometry.logo->width, 20.0 * 600.0 / 233.0, 1e-9);
+  EXPECT_FALSE(geometry.brandName.has_value());
+}
+
+TEST_F(AboutViewTest, Is300WideAndAsTallAsItsContent) {
+  AboutView view(testFont);
+  const AboutGeometry geometry = view.currentLayout();
+  EXPECT_EQ(view.sizeHint().width(), 300);
+  EXPECT_EQ(view.sizeHint().height(), static_cast<int>(std::ceil(geometry.size.height)));
+  EXPECT_EQ(geometry.size.height, geometry.footer.frame.maxY() + 24.0);
+  // Every text fits the column, so none is cut short.
+  for (const PlacedText& line : geometry.texts()) {
+    EXPECT_GE(line.frame.x, 32.0) << line.text;
+    EXPECT_LE(line.frame.maxX(), 268.0) << line.text;
+  }
+}
+
+TEST_F(AboutViewTest, PaintsItsWholeAreaOnTheSurface) {
+  AboutView view(testFont);
+  const QImage image = render(view).convertToFormat(QImage::Format_ARGB32);
+  const QRgb surface = toQColor(AboutTheme::surface).rgb();
+  EXPECT_EQ(image.pixel(0, 0), surface);
+  EXPECT_EQ(image.pixel(image.width() - 1, image.height() - 1), surface);
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x)
+      ASSERT_NE(image.pixel(x, y), qRgb(255, 0, 255));
+  }
+}
+
+TEST_F(AboutViewTest, DrawsTheApplicationsOwnIconWhenItHasOne) {
+  AboutView view(testFont);
+  const QRectF icon = toQRectF(view.currentLayout().icon);
+  const QPoint middle = icon.center().toPoint();
+  // Without an icon of its own the application shows ours: a dark tile.
+  EXPECT_LT(QColor(render(view).pixel(middle)).lightness(), 128);
+
+  QPixmap red(72, 72);
+  red.fill(Qt::red);
+  QGuiApplication::setWindowIcon(QIcon(red));
+  const QImage image = render(view).convertToFormat(QImage::Format_ARGB32);
+  QGuiApplication::setWindowIcon(QIcon());
+  EXPECT_EQ(image.pixel(middle), qRgb(255, 0, 0));
+  EXPECT_EQ(image.pixel(icon.topLeft().toPoint()), qRgb(255, 0, 0));
+  EXPECT_EQ(image.pixel(icon.bottomRight().toPoint() - QPoint(1, 1)), qRgb(255, 0, 0));
+  EXPECT_NE(image.pixel(icon.bottomRight().toPoint() + QPoint(1, 1)), qRgb(255, 0, 0));
+}
+
+TEST_F(AboutViewTest, MatchesTheReferenceWithTheLogo) {
+  QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
+  AboutView view(testFont);
+  EXPECT_TRUE(testing::matchesReference(render(view),
+                                        QString(BRIMLY_REFERENCE_DIR) + "/about-with-logo.png"));
+}
+
+TEST_F(AboutViewTest, MatchesTheReferenceWithTheNameForTheLogo) {
+  QCoreApplication::setApplicationVersion(QString());
+  AboutView view(testFont, std::nullopt);
+  EXPECT_TRUE(testing::matchesReference(render(view),
+                                        QString(BRIMLY_REFERENCE_DIR) + "/about-without-logo.png"));
+}
+
+}  // namespace
+}  // namespace brimly
