@@ -1,0 +1,94 @@
+#include "settingswindow/views/TabButton.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+#include "artwork/Symbols.h"
+#include "panel/views/QtGeometry.h"
+#include "settingswindow/SettingsTheme.h"
+#include "ui/TextStyle.h"
+#include "ui/WindowFonts.h"
+#include "usage/views/QtColor.h"
+
+namespace brimly {
+
+namespace {
+
+QString fromView(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+TabButton::TabButton(SettingsTab tab, QWidget* parent)
+    : QAbstractButton(parent), tab_(tab), placed_{tab, {}, {}, {}} {
+  setText(fromView(tab.title()));
+  setAccessibleName(text());
+  setObjectName(fromView(tab.rawValue()));
+  setFocusPolicy(Qt::StrongFocus);
+  setFont(titleFont(*this));
+}
+
+QFont TabButton::titleFont(const QPaintDevice& device) {
+  return windowFont(device, SettingsViewLayout::tabTitleSize, QFont::Medium);
+}
+
+void TabButton::setSelected(bool selected) {
+  if (selected_ == selected) return;
+  selected_ = selected;
+  update();
+}
+
+void TabButton::place(const TabButtonGeometry& placed) {
+  placed_ = placed;
+  setGeometry(toQRectF(placed.frame).toAlignedRect());
+  update();
+}
+
+QColor TabButton::foreground() const {
+  return selected_ ? toQColor(SettingsTheme::accent) : textColor(TextStyle::secondary);
+}
+
+void TabButton::keyPressEvent(QKeyEvent* event) {
+  // Space is the button's own key; Return and Enter select the tab as well.
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    click();
+    event->accept();
+    return;
+  }
+  QAbstractButton::keyPressEvent(event);
+}
+
+void TabButton::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  // Drawn where the layout put it; the widget covers the whole pixels around that.
+  painter.translate(-QPointF(pos()));
+  const QRectF frame = toQRectF(placed_.frame);
+  const double radius = SettingsViewLayout::tabCornerRadius;
+  const Color background =
+      selected_ ? SettingsTheme::accent.withOpacity(SettingsViewLayout::selectedTabOpacity)
+                : Color::sRGB(1.0, 1.0, 1.0, SettingsViewLayout::unselectedTabOpacity);
+  QPainterPath shape;
+  shape.addRoundedRect(frame, radius, radius);
+  painter.fillPath(shape, toQColor(background));
+  if (hasFocus()) {
+    QColor ring = toQColor(SettingsTheme::accent);
+    ring.setAlphaF(0.6f);
+    painter.setPen(QPen(ring, 1.5));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(frame.adjusted(0.75, 0.75, -0.75, -0.75), radius - 0.75, radius - 0.75);
+  }
+  const QColor colour = foreground();
+  painter.drawImage(toQRectF(placed_.symbol),
+                    renderSymbol(fromView(tab_.symbolName()), SettingsViewLayout::tabSymbolSize,
+                                 colour, devicePixelRatioF()));
+  painter.setPen(colour);
+  painter.setFont(font());
+  painter.drawText(toQRectF(placed_.title), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                   text());
+}
+
+}  // namespace brimly

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QAbstractButton>
+
+#include "settingswindow/SettingsViewLayout.h"
+
+namespace brimly {
+
+// One button of the settings window's tab bar: the tab's symbol and title on a rounded
+// rectangle, tinted with the accent while its tab is selected. It takes the keyboard focus with
+// Tab; Space or Return selects it.
+class TabButton : public QAbstractButton {
+  Q_OBJECT
+
+ public:
+  explicit TabButton(SettingsTab tab, QWidget* parent = nullptr);
+
+  SettingsTab tab() const { return tab_; }
+  bool isSelected() const { return selected_; }
+  void setSelected(bool selected);
+  // Places the button at `placed` (in its parent's coordinates).
+  void place(const TabButtonGeometry& placed);
+  // The colour of the symbol and title now.
+  QColor foreground() const;
+
+  static QFont titleFont(const QPaintDevice& device);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  SettingsTab tab_;
+  bool selected_ = false;
+  TabButtonGeometry placed_;
+};
+
+}  // namespace brimly

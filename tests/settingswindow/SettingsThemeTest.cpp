@@ -1,0 +1,25 @@
+#include "settingswindow/SettingsTheme.h"
+
+#include <gtest/gtest.h>
+
+namespace brimly {
+namespace {
+
+TEST(SettingsTheme, SurfaceAndAccentAreTheControlCardsColours) {
+  EXPECT_EQ(SettingsTheme::surface, Color::sRGB(0.12, 0.125, 0.14));
+  EXPECT_EQ(SettingsTheme::surface, Theme::surface);
+  EXPECT_EQ(SettingsTheme::accent, Color::displayP3(0.36, 0.78, 0.55));
+  EXPECT_EQ(SettingsTheme::accent, Theme::accent);
+}
+
+TEST(SettingsTheme, DrawerIsBlackAt35Percent) {
+  EXPECT_EQ(SettingsTheme::drawer, Color::sRGB(0.0, 0.0, 0.0, 0.35));
+}
+
+TEST(SettingsTheme, HairlineIsWhiteAt8PercentAShadeStrongerThanTheCards) {
+  EXPECT_EQ(SettingsTheme::hairline, Color::sRGB(1.0, 1.0, 1.0, 0.08));
+  EXPECT_GT(SettingsTheme::hairline.opacity, 0.07);
+}
+
+}  // namespace
+}  // namespace brimly
