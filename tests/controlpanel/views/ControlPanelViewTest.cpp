@@ -1,0 +1,188 @@
+#include "controlpanel/views/ControlPanelView.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QEnterEvent>
+#include <QPalette>
+#include <QSignalSpy>
+#include <QTest>
+#include <optional>
+
+#include "ReferenceImage.h"
+#include "controlpanel/ControlPanelModel.h"
+#include "controlpanel/views/ActionButton.h"
+#include "controlpanel/views/ControlPanelWindow.h"
+#include "ui/Switch.h"
+#include "ui/TextStyle.h"
+
+namespace brimly {
+namespace {
+
+QImage rendered(QWidget& widget) {
+  QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+  return image;
+}
+
+// The card over a mid-grey desktop, so that its shadow shows.
+QImage onDesktop(QWidget& widget) {
+  QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
+  image.fill(QColor(120, 130, 140));
+  widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+  return image;
+}
+
+QString referencePath(const char* name) {
+  return QStringLiteral(BRIMLY_REFERENCE_DIR "/") + name;
+}
+
+void hover(QWidget& widget) {
+  QEnterEvent enter(QPointF(2, 2), QPointF(2, 2), QPointF(2, 2));
+  QApplication::sendEvent(&widget, &enter);
+}
+
+TEST(ControlPanelView, TheCardIs264WideWithAnEighteenPointMarginAroundIt) {
+  ControlPanelModel model(false, false, false, "0.1.0");
+  ControlPanelView view(model);
+  EXPECT_EQ(view.sizeHint().width(), 300);
+  EXPECT_EQ(view.layout().card.width, 264);
+  EXPECT_EQ(view.size(), view.sizeHint());
+}
+
+TEST(ControlPanelView, MatchesItsReferencePlainAndWithQuitHovered) {
+  ControlPanelModel model(true, true, false, "0.1.0");
+  ControlPanelView view(model);
+  EXPECT_TRUE(testing::matchesReference(onDesktop(view), referencePath("control-card.png")));
+  hover(view.button(3));
+  EXPECT_TRUE(
+      testing::matchesReference(onDesktop(view), referencePath("control-card-quit-hovered.png")));
+}
+
+TEST(ControlPanelView, SwitchesShowTheModelAndFollowItsChanges) {
+  ControlPanelModel model(true, false, true, "1");
+  ControlPanelView view(model);
+  EXPECT_TRUE(view.fahrenheitSwitch().isOn());
+  EXPECT_FALSE(view.pinSwitch().isOn());
+  EXPECT_TRUE(view.launchSwitch().isOn());
+  model.setPinned(true);
+  EXPECT_TRUE(view.pinSwitch().isOn());
+}
+
+TEST(ControlPanelView, ASwitchWhoseCallbackIsEmptyStaysAsItWas) {
+  ControlPanelModel model(false, false, false, "1");
+  ControlPanelView view(model);
+  QTest::mouseClick(&view.pinSwitch(), Qt::LeftButton);
+  QTest::mouseClick(&view.launchSwitch(), Qt::LeftButton);
+  EXPECT_FALSE(view.pinSwitch().isOn());
+  EXPECT_FALSE(view.launchSwitch().isOn());
+  EXPECT_FALSE(model.isPinned());
+}
+
+TEST(ControlPanelView, SwitchesAndButtonsCallTheirCallbacks) {
+  ControlPanelModel model(false, false, false, "1");
+  std::vector<std::string> calls;
+  model.onTogglePin = [&](bool on) { calls.push_back(on ? "pin on" : "pin off"); };
+  model.onToggleLaunch = [&](bool on) { calls.push_back(on ? "launch on" : "launch off"); };
+  model.onToggleFahrenheit = [&](bool on) { calls.push_back(on ? "F on" : "F off"); };
+  model.onOpenSettings = [&] { calls.push_back("settings"); };
+  model.onShowPanel = [&] { calls.push_back("show panel"); };
+  model.onAbout = [&] { calls.push_back("about"); };
+  model.onQuit = [&] { calls.push_back("quit"); };
+  ControlPanelView view(model);
+  QTest::mouseClick(&view.pinSwitch(), Qt::LeftButton);
+  QTest::mouseClick(&view.launchSwitch(), Qt::LeftButton);
+  QTest::keyClick(&view.fahrenheitSwitch(), Qt::Key_Space);
+  for (std::size_t i = 0; i < 4; ++i)
+    QTest::mouseClick(&view.button(i), Qt::LeftButton);
+  EXPECT_EQ(calls, (std::vector<std::string>{"pin on", "launch on", "F on", "settings",
+                                             "show panel", "about", "quit"}));
+}
+
+TEST(ControlPanelView, OnlyQuitIsRedAndItsRedIsDimmerUntilHovered) {
+  ControlPanelModel model(false, false, false, "1");
+  ControlPanelView view(model);
+  for (std::size_t i = 0; i < 3; ++i) {
+    EXPECT_FALSE(view.button(i).destructive());
+    EXPECT_EQ(view.button(i).foreground(), textColor(TextStyle::secondary));
+  }
+  ActionButton& quit = view.button(3);
+  EXPECT_TRUE(quit.destructive());
+  const QColor resting = quit.foreground();
+  EXPECT_GT(resting.red(), 2 * resting.green());
+  EXPECT_NEAR(resting.alphaF(), 0.82, 0.01);
+  hover(quit);
+  EXPECT_TRUE(quit.hovering());
+  EXPECT_NEAR(quit.foreground().alphaF(), 1.0, 0.01);
+  hover(view.button(0));
+  EXPECT_EQ(view.button(0).foreground(), textColor(TextStyle::primary));
+}
+
+TEST(ControlPanelView, ALongVersionKeepsTheCardsWidthAndOneLine) {
+  ControlPanelModel shortVersion(false, false, false, "1");
+  ControlPanelModel longVersion(false, false, false,
+                                "1.0.0-beta.7+build.20261124.with.a.very.long.suffix");
+  ControlPanelView a(shortVersion);
+  ControlPanelView b(longVersion);
+  EXPECT_EQ(a.sizeHint(), b.sizeHint());
+}
+
+TEST(ControlPanelView, LooksTheSameWhateverTheSystemAppearance) {
+  ControlPanelModel model(false, true, false, "1");
+  ControlPanelView view(model);
+  const QImage before = rendered(view);
+  const QPalette original = QApplication::palette();
+  QPalette light;
+  light.setColor(QPalette::Window, Qt::white);
+  light.setColor(QPalette::WindowText, Qt::black);
+  light.setColor(QPalette::Text, Qt::black);
+  light.setColor(QPalette::Button, Qt::white);
+  QApplication::setPalette(light);
+  ControlPanelView lightView(model);
+  const QImage after = rendered(lightView);
+  QApplication::setPalette(original);
+  EXPECT_EQ(before, after);
+}
+
+TEST(ControlPanelView, EveryControlIsReachedWithTabAndNamed) {
+  ControlPanelModel model(false, false, false, "1");
+  ControlPanelView view(model);
+  EXPECT_EQ(view.pinSwitch().accessibleName(), "Keep panel visible");
+  EXPECT_EQ(view.launchSwitch().accessibleName(), "Launch at login");
+  EXPECT_EQ(view.fahrenheitSwitch().accessibleName(), "Show in Fahrenheit");
+  EXPECT_EQ(view.button(0).accessibleName(), "Settings");
+  EXPECT_EQ(view.button(1).accessibleName(), "Show Panel");
+  EXPECT_EQ(view.button(2).accessibleName(), "About");
+  EXPECT_EQ(view.button(3).accessibleName(), "Quit");
+  // Tab walks switches then buttons, in the order they stand.
+  EXPECT_EQ(view.pinSwitch().nextInFocusChain(), &view.launchSwitch());
+  EXPECT_EQ(view.fahrenheitSwitch().nextInFocusChain(), &view.button(0));
+  EXPECT_EQ(view.button(2).nextInFocusChain(), &view.button(3));
+}
+
+TEST(ControlPanelWindow, EscapeRunsItsHandler) {
+  ControlPanelModel model(false, false, false, "1");
+  ControlPanelWindow window(model, ControlPanelWindow::Kind::keyWindow);
+  int escapes = 0;
+  window.onEscape = [&] { ++escapes; };
+  QTest::keyClick(&window, Qt::Key_Escape);
+  EXPECT_EQ(escapes, 1);
+}
+
+TEST(ControlPanelWindow, FitsTheCardAndIsCutToItsShapeWithoutTranslucency) {
+  ControlPanelModel model(false, false, false, "1");
+  ControlPanelWindow window(model, ControlPanelWindow::Kind::popUp);
+  EXPECT_EQ(window.fittingSize(), (Size{300, window.view().layout().windowSize.height}));
+  EXPECT_TRUE(window.windowFlags().testFlag(Qt::Popup));
+  window.setCutToShape(true);
+  const QRect card = window.mask().boundingRect();
+  EXPECT_EQ(card.left(), 18);
+  EXPECT_EQ(card.width(), 264);
+  EXPECT_FALSE(window.mask().contains(QPoint(19, 19)));  // the rounded corner is cut away
+  window.setCutToShape(false);
+  EXPECT_TRUE(window.mask().isEmpty());
+}
+
+}  // namespace
+}  // namespace brimly
