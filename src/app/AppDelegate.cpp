@@ -1,14 +1,29 @@
 #include "app/AppDelegate.h"
 
+#include <QCoreApplication>
+#include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QTimer>
 #include <cstdio>
 
+#include "about/AboutWindowController.h"
 #include "app/DesktopIntegration.h"
 #include "app/QtScreenPort.h"
+#include "app/SettingsShortcutFilter.h"
+#include "controlpanel/ControlPanelActions.h"
+#include "controlpanel/ControlPanelController.h"
+#include "controlpanel/ControlPanelModel.h"
+#include "controlpanel/views/ControlPanelWindow.h"
+#include "core/VersionText.h"
 #include "panel/views/PanelWindow.h"
+#include "panel/views/QtGeometry.h"
 #include "platform/KeyValueStore.h"
+#include "platform/LoginItemPort.h"
+#include "platform/StatusItemPort.h"
+#include "platform/SystemLog.h"
+#include "settingswindow/views/SettingsWindow.h"
+#include "settingswindow/views/SettingsWindowController.h"
 #include "usage/views/UsageView.h"
 #include "usage/views/UsageViewBinding.h"
 
@@ -23,11 +38,16 @@ AppDelegate::AppDelegate(const PlatformFactory& platform, KeyValueStore& default
       tracker_(desktop.pointer(), screens_),
       settings_(defaults),
       proximity_(panelState_, monitor_, scheduler_, tracker_),
-      launch_(proximity_, tracker_, monitor_) {}
+      launch_(proximity_, tracker_, monitor_),
+      aboutController_(std::make_unique<AboutWindowController>()) {
+  aboutController_->onWindowMade = [this](QWidget& window) { desktop_.titledWindowReady(window); };
+  aboutController_->onShown = aboutController_->onWindowMade;
+}
 
 AppDelegate::~AppDelegate() {
   // The tracker must not outlive its watch: a movement call would reach a dead object.
   tracker_.stop();
+  removeSettingsShortcut();
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
@@ -38,6 +58,7 @@ void AppDelegate::applicationDidFinishLaunching() {
   hooks.placePanel = [this] { placePanel(); };
   hooks.applyTrackerGeometry = [this] { applyTrackerGeometry(); };
   hooks.observeScreenChanges = [this] { observeScreenChanges(); };
+  hooks.installSettingsShortcut = [this] { installSettingsShortcut(); };
   launch_.launch(settings_.isPinned(), hooks);
 
   // Said once, after the tracker has tried to watch the pointer.
@@ -51,6 +72,7 @@ void AppDelegate::applicationWillTerminate() {
   terminated_ = true;
   PanelShutdownHooks hooks;
   hooks.cancelSamplingTimer = [this] { monitor_.cancelTimer(); };
+  hooks.removeSettingsShortcut = [this] { removeSettingsShortcut(); };
   launch_.shutdown(hooks);
 }
 
@@ -68,7 +90,97 @@ void AppDelegate::buildWindow() {
 }
 
 void AppDelegate::buildStatusItem() {
-  // The status item, its control panel and the settings window attach here.
+  StatusItemAppearance appearance;
+  appearance.symbolNames = {"gauge.with.dots.needle.bottom.50percent", "speedometer"};
+  appearance.accessibilityDescription = "Brimly";
+  appearance.toolTip = "Brimly — system stats";
+  hasStatusItem_ = desktop_.statusItem().install(appearance, [this] {
+    if (controlPanel_) controlPanel_->statusItemClicked();
+  });
+  if (!hasStatusItem_) {
+    std::fprintf(stderr,
+                 "Brimly: this desktop shows no system tray; run brimly again to open its "
+                 "controls\n");
+  }
+  buildControlPanel();
+}
+
+void AppDelegate::buildControlPanel() {
+  const QString shortVersion = QCoreApplication::applicationVersion();
+  controlModel_ = std::make_unique<ControlPanelModel>(
+      settings_.useFahrenheit(), proximity_.isPinned(), desktop_.loginItem().isEnabled(),
+      versionText(shortVersion.isEmpty() ? std::nullopt
+                                         : std::optional(shortVersion.toStdString())));
+  controlServices_ = std::make_shared<ControlPanelServices>(ControlPanelServices{
+      settings_, proximity_, desktop_.loginItem(), writeSystemLogLine,
+      [this] { controlPanel_->closeControlPanel(); }, [this] { showSettingsBesideTheCard(); },
+      [this] { aboutController_->show(); }});
+  connectControlPanelActions(*controlModel_, controlServices_);
+  settingsController_ =
+      std::make_unique<SettingsWindowController>(settings_, *controlModel_, monitor_);
+  settingsController_->onWindowMade = [this](SettingsWindow& window) {
+    desktop_.titledWindowReady(window);
+  };
+  settingsController_->onShown = settingsController_->onWindowMade;
+
+  controlPanelWindow_ = std::make_unique<ControlPanelWindow>(
+      *controlModel_, desktop_.controlCardGrabsPointer() ? ControlPanelWindow::Kind::popUp
+                                                         : ControlPanelWindow::Kind::keyWindow);
+  controlPanelWindow_->winId();
+  desktop_.prepareControlCard(*controlPanelWindow_);
+  controlPanel_ = std::make_unique<ControlPanelController>(
+      desktop_.statusItem(), desktop_.outsideClicks(), *controlPanelWindow_, [this] {
+        refreshControlPanelModel(*controlModel_, *controlServices_);
+        fitControlCardToDesktop();
+      });
+  // A compositing manager may come or go while the card is open, and at any time before it shows.
+  desktop_.followTranslucency([this] {
+    if (controlPanelWindow_->isVisible()) fitControlCardToDesktop();
+  });
+  controlPanelWindow_->onEscape = [this] { controlPanel_->closeControlPanel(); };
+  controlPanelWindow_->onPressOutside = [this](Point pointer) {
+    return controlPanel_->pressOutsideCard(pointer);
+  };
+  controlPanelWindow_->onShown = [this] { desktop_.controlCardShown(*controlPanelWindow_); };
+}
+
+void AppDelegate::fitControlCardToDesktop() {
+  // Translucent around its rounded corners and shadow where windows can be; cut to its shape
+  // where transparent pixels would show black.
+  controlPanelWindow_->setCutToShape(!desktop_.supportsTranslucency());
+}
+
+void AppDelegate::showSettingsBesideTheCard() {
+  const bool cardShown = controlPanelWindow_->isVisible();
+  settingsController_->show();
+  // Qt closes every pop-up when a window of its own is shown; the card (a pop-up on X11) is
+  // meant to stay where it is, so it comes straight back.
+  if (cardShown && !controlPanelWindow_->isVisible()) controlPanel_->showControlPanelAgain();
+}
+
+void AppDelegate::showControlsOnRequest() {
+  // Where the item is in the tray, a second launch only leaves: the controls are a click away.
+  if (!controlPanel_ || hasStatusItem_) return;
+  if (desktop_.statusItem().buttonFrame()) {
+    controlPanel_->showControlPanel();
+    return;
+  }
+  const QPoint pointer = QCursor::pos();
+  controlPanel_->showControlPanelAt(qtDesktopCoordinates().toBottomLeft(
+      Rect{static_cast<double>(pointer.x()), static_cast<double>(pointer.y()), 1, 1}));
+}
+
+void AppDelegate::installSettingsShortcut() {
+  commaMonitor_ = std::make_unique<SettingsShortcutFilter>([this] {
+    if (settingsController_) settingsController_->show();
+  });
+  QCoreApplication::instance()->installEventFilter(commaMonitor_.get());
+}
+
+void AppDelegate::removeSettingsShortcut() {
+  if (commaMonitor_ && QCoreApplication::instance() != nullptr) {
+    QCoreApplication::instance()->removeEventFilter(commaMonitor_.get());
+  }
 }
 
 void AppDelegate::placePanel() {

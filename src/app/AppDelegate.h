@@ -19,11 +19,18 @@ class QScreen;
 
 namespace brimly {
 
+class AboutWindowController;
+class ControlPanelController;
+class ControlPanelModel;
+class ControlPanelWindow;
 class DesktopIntegration;
 class KeyValueStore;
 class PanelWindow;
 class PlatformFactory;
 class ScreenPort;
+class SettingsShortcutFilter;
+class SettingsWindowController;
+struct ControlPanelServices;
 
 // The spine of the interactive program: owns every long-lived object of the notch panel for the
 // life of the process, brings them up in order at launch, follows screen changes, and takes them
@@ -41,7 +48,7 @@ class AppDelegate : public QObject {
 
   // Builds and shows the panel, starts sampling and the pointer tracker, observes the screens.
   void applicationDidFinishLaunching();
-  // Stops sampling and pointer tracking.
+  // Stops sampling and pointer tracking, and stops watching for the settings shortcut.
   void applicationWillTerminate();
   // Re-measures the notch, rebuilds the root view for it, re-aims the tracker and re-places the
   // panel. Screen signals arrive in bursts, so they ask for this once, after the burst.
@@ -54,11 +61,28 @@ class AppDelegate : public QObject {
   ProximityController& proximity() { return proximity_; }
   PanelWindow* window() const { return window_.get(); }
   Size notchSize() const { return notchSize_; }
+  ControlPanelModel* controlModel() const { return controlModel_.get(); }
+  ControlPanelController* controlPanelController() const { return controlPanel_.get(); }
+  ControlPanelWindow* controlPanel() const { return controlPanelWindow_.get(); }
+  SettingsWindowController* settingsController() const { return settingsController_.get(); }
+  AboutWindowController& aboutController() { return *aboutController_; }
+  // Whether the status item found somewhere to show (a system tray, the menu bar).
+  bool hasStatusItem() const { return hasStatusItem_; }
+
+  // A second launch asks for the controls. Where the desktop showed no tray at launch, the card
+  // opens under the status item if one has come up since, else at the pointer; where it did,
+  // nothing happens (a second launch leaves silently, as everywhere).
+  void showControlsOnRequest();
 
  private:
   void recomputeNotch();
   void buildWindow();
   void buildStatusItem();
+  void buildControlPanel();
+  void showSettingsBesideTheCard();
+  void fitControlCardToDesktop();
+  void installSettingsShortcut();
+  void removeSettingsShortcut();
   void placePanel();
   void applyTrackerGeometry();
   void observeScreenChanges();
@@ -81,6 +105,14 @@ class AppDelegate : public QObject {
   Size notchSize_ = NotchGeometry::initialNotchSize;
   NotchPlacement placement_;
   std::unique_ptr<PanelWindow> window_;
+  std::unique_ptr<AboutWindowController> aboutController_;
+  bool hasStatusItem_ = false;
+  std::unique_ptr<ControlPanelModel> controlModel_;
+  std::shared_ptr<ControlPanelServices> controlServices_;
+  std::unique_ptr<SettingsWindowController> settingsController_;
+  std::unique_ptr<ControlPanelWindow> controlPanelWindow_;
+  std::unique_ptr<ControlPanelController> controlPanel_;
+  std::unique_ptr<SettingsShortcutFilter> commaMonitor_;
   bool screenChangeQueued_ = false;
   bool terminated_ = false;
 };

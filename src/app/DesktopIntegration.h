@@ -1,13 +1,19 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
+class QWidget;
+
 namespace brimly {
 
+class LoginItemPort;
+class OutsideClickMonitorPort;
 class PanelWindow;
 class PointerPort;
 class ScreenPort;
+class StatusItemPort;
 
 // What differs between desktops in bringing the panel up: how the screens are measured, how the
 // pointer is followed, and what the overlay window needs beyond its Qt flags to stay above
@@ -29,6 +35,31 @@ class DesktopIntegration {
   virtual void rootViewReplaced(PanelWindow& window) = 0;
   // The one line to print about hovering, if any; asked once, after the tracker has started.
   virtual std::optional<std::string> hoverNotice() const = 0;
+
+  // The menu-bar or tray item, the monitor of clicks that go elsewhere, and the login item; each
+  // lives as long as this object.
+  virtual StatusItemPort& statusItem() = 0;
+  virtual OutsideClickMonitorPort& outsideClicks() = 0;
+  virtual LoginItemPort& loginItem() = 0;
+  // Whether the control card is a pop-up that holds the pointer while it is shown, so that it
+  // sees the press that closes it (X11), rather than a key window whose outside clicks come from
+  // `outsideClicks` (macOS).
+  virtual bool controlCardGrabsPointer() const = 0;
+  // Whether windows can be translucent now (an X11 desktop without a compositing manager shows
+  // transparent pixels black, so the card is then cut to its shape instead).
+  virtual bool supportsTranslucency() const = 0;
+  // `onChange` runs whenever `supportsTranslucency` may have changed while Brimly runs (a
+  // compositing manager started or stopped). Desktops that cannot tell keep it unused.
+  virtual void followTranslucency(std::function<void()> onChange) { (void)onChange; }
+  // Called once the control card's native window exists and before it is first shown.
+  virtual void prepareControlCard(QWidget& card) = 0;
+  // Called right after every show() of the card: activates the application and makes the card
+  // the key window, in front of everything.
+  virtual void controlCardShown(QWidget& card) = 0;
+  // Called once a titled window of Brimly's (the settings or the About window) has its native
+  // window, before it is first shown, and again right after every show(): what the desktop adds
+  // to Qt's window. Desktops whose window manager draws the title bar add nothing.
+  virtual void titledWindowReady(QWidget& window) { (void)window; }
 };
 
 }  // namespace brimly

@@ -1,18 +1,25 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "app/DesktopIntegration.h"
 
 namespace brimly {
 
-// Before the Qt application exists: whether there is a desktop to show the panel on. Qt itself
-// would end the process with a core dump when there is none.
-bool desktopAvailable();
+// Before the Qt application exists: why there is no desktop to show the panel on, as the one line
+// to print, or nothing when there is one. Qt itself would end the process with a core dump: when
+// there is no display, when the platform asked for (QT_QPA_PLATFORM, "-platform") is not
+// installed, or when the X server named by "-display" does not answer. `arguments` is the whole
+// command line, the program name first.
+std::optional<std::string> desktopProblem(const std::vector<std::string>& arguments);
 
 // Before the Qt application exists: asks Qt for the platform plugin the panel works best with,
-// unless the user chose one.
-void choosePlatformPlugin();
+// unless the user chose one, and makes the display named on the command line the one every
+// connection of the program opens.
+void choosePlatformPlugin(const std::vector<std::string>& arguments);
 
 // The integration for the desktop the running Qt application talks to; called after the
 // application object exists.

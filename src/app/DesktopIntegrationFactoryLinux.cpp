@@ -1,6 +1,12 @@
+#include <QDir>
 #include <QGuiApplication>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QLibraryInfo>
+#include <QPluginLoader>
 #include <cstdlib>
 
+#include "app/CommandLine.h"
 #include "app/DesktopIntegrationFactory.h"
 #include "app/DisplayCheck.h"
 #include "app/PlainDesktopIntegration.h"
@@ -15,19 +21,54 @@ std::string variable(const char* name) {
   return value != nullptr ? value : "";
 }
 
-DisplayEnvironment displayEnvironment() {
-  return DisplayEnvironment{variable("QT_QPA_PLATFORM"), variable("DISPLAY"),
-                            variable("WAYLAND_DISPLAY")};
+DisplayEnvironment displayEnvironment(const QtPlatformArguments& options) {
+  return DisplayEnvironment{variable("QT_QPA_PLATFORM"),
+                            variable("DISPLAY"),
+                            variable("WAYLAND_DISPLAY"),
+                            variable("XDG_SESSION_TYPE"),
+                            variable("XDG_CURRENT_DESKTOP") + ":" + variable("XDG_SESSION_DESKTOP"),
+                            options.platform,
+                            options.display};
+}
+
+// The keys of the platform plugins Qt can load, read from each plugin's metadata without loading
+// it, from the folders Qt looks in: the command line's or QT_QPA_PLATFORM_PLUGIN_PATH's folder,
+// the "platforms" folder in each of QT_PLUGIN_PATH and Qt's own plugin folder.
+std::vector<std::string> installedPlatforms(const QtPlatformArguments& options) {
+  QStringList folders;
+  if (options.pluginPath) folders << QString::fromStdString(*options.pluginPath);
+  folders << qEnvironmentVariable("QT_QPA_PLATFORM_PLUGIN_PATH");
+  for (const QString& path : qEnvironmentVariable("QT_PLUGIN_PATH").split(QDir::listSeparator()))
+    folders << path + "/platforms";
+  folders << QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/platforms";
+
+  std::vector<std::string> keys;
+  for (const QString& folder : folders) {
+    if (folder.isEmpty() || folder == "/platforms") continue;
+    for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files | QDir::Readable)) {
+      if (!QLibrary::isLibrary(file.fileName())) continue;
+      const QJsonObject metaData = QPluginLoader(file.absoluteFilePath()).metaData();
+      for (const QJsonValue& key : metaData.value("MetaData").toObject().value("Keys").toArray())
+        keys.push_back(key.toString().toStdString());
+    }
+  }
+  return keys;
 }
 
 }  // namespace
 
-bool desktopAvailable() {
-  return displayAvailable(displayEnvironment(), [] { return X11Desktop().isConnected(); });
+std::optional<std::string> desktopProblem(const std::vector<std::string>& arguments) {
+  const QtPlatformArguments options = qtPlatformArguments(arguments);
+  return startupProblem(
+      displayEnvironment(options), installedPlatforms(options),
+      [](const std::string& display) { return X11Desktop(display).isConnected(); });
 }
 
-void choosePlatformPlugin() {
-  if (const std::optional<std::string> platform = platformToRequest(displayEnvironment())) {
+void choosePlatformPlugin(const std::vector<std::string>& arguments) {
+  const QtPlatformArguments options = qtPlatformArguments(arguments);
+  // Qt opens the display named by "-display"; the program's own X11 connections follow $DISPLAY.
+  if (options.display) qputenv("DISPLAY", QByteArray::fromStdString(*options.display));
+  if (const std::optional<std::string> platform = platformToRequest(displayEnvironment(options))) {
     qputenv("QT_QPA_PLATFORM", QByteArray::fromStdString(*platform));
   }
 }

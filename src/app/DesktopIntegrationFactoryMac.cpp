@@ -6,12 +6,12 @@
 
 namespace brimly {
 
-bool desktopAvailable() {
+std::optional<std::string> desktopProblem(const std::vector<std::string>&) {
   // The window server is there for every logged-in user; Qt's cocoa platform needs nothing more.
-  return true;
+  return std::nullopt;
 }
 
-void choosePlatformPlugin() {
+void choosePlatformPlugin(const std::vector<std::string>&) {
   // Cocoa is Qt's only desktop platform here, and its default.
 }
 

@@ -9,6 +9,11 @@ void PlainDesktopIntegration::overlayShown(PanelWindow& window) {
   window.raise();
 }
 
+bool PlainDesktopIntegration::supportsTranslucency() const {
+  // Wayland compositors always blend; headless platforms draw into images that keep alpha.
+  return true;
+}
+
 std::optional<std::string> PlainDesktopIntegration::hoverNotice() const {
   if (!tellAboutHover_) return std::nullopt;
   return brimly::hoverNotice(PointerWatch::notX11, true);

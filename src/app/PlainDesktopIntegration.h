@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/DesktopIntegration.h"
 #include "app/QtScreenPort.h"
+#include "app/TrayDesktopIntegration.h"
 #include "app/UnwatchedPointerPort.h"
 
 namespace brimly {
@@ -9,7 +9,7 @@ namespace brimly {
 // The panel on a desktop Brimly cannot reach below Qt (a native Wayland session, or a headless
 // platform chosen on purpose): Qt's window flags are all the overlay gets, and the pointer is not
 // followed, so the panel opens only when pinned.
-class PlainDesktopIntegration final : public DesktopIntegration {
+class PlainDesktopIntegration final : public TrayDesktopIntegration {
  public:
   // `tellAboutHover`: print the notice that hovering is off (not on headless platforms).
   explicit PlainDesktopIntegration(bool tellAboutHover) : tellAboutHover_(tellAboutHover) {}
@@ -20,6 +20,8 @@ class PlainDesktopIntegration final : public DesktopIntegration {
   void overlayShown(PanelWindow& window) override;
   void rootViewReplaced(PanelWindow&) override {}
   std::optional<std::string> hoverNotice() const override;
+
+  bool supportsTranslucency() const override;
 
  private:
   bool tellAboutHover_;

@@ -1,6 +1,9 @@
 #include "app/ProcessSetup.h"
 
+#include <QObject>
+
 #include "platform/macos/MacApplication.h"
+#include "platform/macos/MacLoginItem.h"
 #include "platform/macos/MacPreferencesStore.h"
 
 namespace brimly {
@@ -8,6 +11,14 @@ namespace brimly {
 bool claimSingleInstance() {
   // Running applications are known by bundle identifier and process: nothing to hold.
   return !anotherInstanceIsRunning();
+}
+
+void askRunningInstanceForControls() {
+  // The menu bar always shows the item: a second launch leaves without a word.
+}
+
+std::unique_ptr<QObject> listenForControlsRequests(std::function<void()>) {
+  return nullptr;
 }
 
 void becomeAccessory() {
@@ -18,6 +29,14 @@ void becomeAccessory() {
 
 std::unique_ptr<KeyValueStore> makeDefaultsStore() {
   return std::make_unique<MacPreferencesStore>();
+}
+
+std::string applicationShortVersion() {
+  return bundleShortVersion().value_or("");
+}
+
+std::unique_ptr<LoginItemPort> makeLoginItem() {
+  return makeMacLoginItem();
 }
 
 }  // namespace brimly

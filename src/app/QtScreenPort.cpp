@@ -17,8 +17,7 @@ ScreenDescription describe(const QScreen& screen, const DesktopCoordinates& desk
 }  // namespace
 
 DesktopCoordinates QtScreenPort::desktopCoordinates() {
-  const QScreen* primary = QGuiApplication::primaryScreen();
-  return DesktopCoordinates(primary != nullptr ? toRect(primary->geometry()) : Rect{});
+  return qtDesktopCoordinates();
 }
 
 std::vector<ScreenDescription> QtScreenPort::screens() const {

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QString>
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,7 +13,8 @@
 #include "app/DesktopIntegrationFactory.h"
 #include "app/DisplayCheck.h"
 #include "app/ProcessSetup.h"
-#include "core/BuildInfo.h"
+#include "app/QuitOnSignals.h"
+#include "artwork/Symbols.h"
 #include "platform/KeyValueStore.h"
 #include "platform/SystemPlatform.h"
 
@@ -21,19 +23,27 @@ int main(int argc, char** argv) {
 
   const std::vector<std::string> arguments(argv, argv + argc);
   if (wantsAudit(arguments)) return runAuditReport(argc, argv);
+  QuitOnSignals::holdUntilTaken();
 
   // One Brimly per user: a second one leaves at once, silently, before anything is shown.
-  if (!claimSingleInstance()) return 0;
+  if (!claimSingleInstance()) {
+    askRunningInstanceForControls();
+    return 0;
+  }
 
-  if (!desktopAvailable()) {
-    std::fprintf(stderr, "%s\n", kNoDisplayMessage);
+  // Qt would abort with pages of text where it cannot start its window system: say it in a line.
+  if (const std::optional<std::string> problem = desktopProblem(arguments)) {
+    std::fprintf(stderr, "%s\n", problem->c_str());
     return kNoDisplayExitStatus;
   }
-  choosePlatformPlugin();
+  choosePlatformPlugin(arguments);
 
   QApplication application(argc, argv);
+  // SIGTERM, SIGINT and SIGHUP end Brimly the way "Quit" does, shutdown steps included.
+  const QuitOnSignals quitOnSignals;
   QApplication::setApplicationName("Brimly");
-  QApplication::setApplicationVersion(BuildInfo::shortVersion);
+  QApplication::setApplicationVersion(QString::fromStdString(applicationShortVersion()));
+  QApplication::setWindowIcon(applicationIcon());
   // An accessory: no window of its own in the task bar, and closing one never ends the program.
   QApplication::setQuitOnLastWindowClosed(false);
   becomeAccessory();
@@ -45,5 +55,7 @@ int main(int argc, char** argv) {
   QObject::connect(&application, &QCoreApplication::aboutToQuit, &delegate,
                    &AppDelegate::applicationWillTerminate);
   delegate.applicationDidFinishLaunching();
+  const std::unique_ptr<QObject> controlsRequests =
+      listenForControlsRequests([&delegate] { delegate.showControlsOnRequest(); });
   return QApplication::exec();
 }

@@ -6,13 +6,23 @@
 #include <QScreen>
 #include <QTest>
 
+#include <QApplication>
+#include <QKeyEvent>
+#include "FakeControlPanelPorts.h"
 #include "FakeKeyValueStore.h"
 #include "FakePlatform.h"
+#include "about/AboutWindowController.h"
 #include "app/DesktopIntegration.h"
 #include "app/QtScreenPort.h"
+#include "controlpanel/ControlPanelController.h"
+#include "controlpanel/ControlPanelModel.h"
+#include "controlpanel/views/ControlPanelWindow.h"
 #include "panel/FakePointerPort.h"
 #include "panel/views/PanelWindow.h"
+#include "panel/views/QtGeometry.h"
 #include "panel/views/RootView.h"
+#include "settingswindow/views/SettingsWindow.h"
+#include "settingswindow/views/SettingsWindowController.h"
 #include "usage/MetricCellContent.h"
 #include "usage/views/UsageView.h"
 
@@ -55,6 +65,23 @@ class FakeDesktop final : public DesktopIntegration {
     ++noticeRequests;
     return std::nullopt;
   }
+  StatusItemPort& statusItem() override { return statusItem_; }
+  OutsideClickMonitorPort& outsideClicks() override { return outsideClicks_; }
+  LoginItemPort& loginItem() override { return loginItem_; }
+  bool controlCardGrabsPointer() const override { return popUpCard; }
+  bool supportsTranslucency() const override { return translucent; }
+  void prepareControlCard(QWidget&) override { ++cardPreparations; }
+  void controlCardShown(QWidget&) override { ++cardShowings; }
+  void titledWindowReady(QWidget& window) override { titledWindowsReady.push_back(&window); }
+
+  testing::FakeStatusItem statusItem_;
+  testing::FakeOutsideClickMonitor outsideClicks_;
+  testing::FakeLoginItem loginItem_;
+  bool translucent = true;
+  bool popUpCard = false;
+  int cardPreparations = 0;
+  int cardShowings = 0;
+  std::vector<QWidget*> titledWindowsReady;
 
   QtScreenPort screens_;
   FakePointerPort pointer_;
@@ -198,6 +225,170 @@ TEST_F(AppDelegateTest, TerminationStopsSamplingAndPointerTracking) {
   // A second termination notice changes nothing.
   delegate.applicationWillTerminate();
   EXPECT_FALSE(delegate.monitor().hasTimer());
+}
+
+TEST_F(AppDelegateTest, TheStatusItemIsTheGaugeWithItsToolTipAndTogglesTheCard) {
+  desktop_.statusItem_.button = Rect{500, 700, 24, 24};
+  AppDelegate& delegate = launch();
+  ASSERT_TRUE(desktop_.statusItem_.installedAppearance.has_value());
+  const StatusItemAppearance& look = *desktop_.statusItem_.installedAppearance;
+  EXPECT_EQ(look.symbolNames,
+            (std::vector<std::string>{"gauge.with.dots.needle.bottom.50percent", "speedometer"}));
+  EXPECT_EQ(look.accessibilityDescription, "Brimly");
+  EXPECT_EQ(look.toolTip, "Brimly — system stats");
+  EXPECT_TRUE(delegate.hasStatusItem());
+
+  desktop_.statusItem_.click();
+  ASSERT_NE(delegate.controlPanel(), nullptr);
+  EXPECT_TRUE(delegate.controlPanel()->isVisible());
+  EXPECT_EQ(desktop_.cardShowings, 1);
+  // The card's top edge lies on the item's bottom edge.
+  const QRect card = delegate.controlPanel()->geometry();
+  const Rect bottomLeft = QtScreenPort::desktopCoordinates().toBottomLeft(toRect(card));
+  EXPECT_DOUBLE_EQ(bottomLeft.maxY(), 700);
+  desktop_.statusItem_.click();
+  EXPECT_FALSE(delegate.controlPanel()->isVisible());
+}
+
+TEST_F(AppDelegateTest, TheCardStartsFromTheSettingsThePinAndTheLoginItem) {
+  defaults_.values["useFahrenheit"] = true;
+  defaults_.values["isPinned"] = true;
+  desktop_.loginItem_.enabled = true;
+  AppDelegate& delegate = launch();
+  ASSERT_NE(delegate.controlModel(), nullptr);
+  EXPECT_TRUE(delegate.controlModel()->useFahrenheit());
+  EXPECT_TRUE(delegate.controlModel()->isPinned());
+  EXPECT_TRUE(delegate.controlModel()->launchAtLogin());
+  EXPECT_EQ(delegate.controlModel()->version(),
+            QCoreApplication::applicationVersion().isEmpty()
+                ? "dev"
+                : QCoreApplication::applicationVersion().toStdString());
+}
+
+TEST_F(AppDelegateTest, WithoutAnApplicationVersionTheCardSaysDev) {
+  const QString saved = QCoreApplication::applicationVersion();
+  QCoreApplication::setApplicationVersion("");
+  AppDelegate& delegate = launch();
+  EXPECT_EQ(delegate.controlModel()->version(), "dev");
+  QCoreApplication::setApplicationVersion(saved);
+}
+
+TEST_F(AppDelegateTest, ShowingTheCardRefreshesTheLoginSwitchFromTheSystem) {
+  desktop_.statusItem_.button = Rect{500, 700, 24, 24};
+  AppDelegate& delegate = launch();
+  desktop_.loginItem_.enabled = true;  // changed in the desktop's own settings meanwhile
+  desktop_.statusItem_.click();
+  EXPECT_TRUE(delegate.controlModel()->launchAtLogin());
+}
+
+TEST_F(AppDelegateTest, FlippingFahrenheitInTheCardChangesThePanelsUnitAndIsStored) {
+  AppDelegate& delegate = launch();
+  ControlPanelModel::invoke(delegate.controlModel()->onToggleFahrenheit, true);
+  EXPECT_TRUE(delegate.settings().useFahrenheit());
+  EXPECT_EQ(defaults_.values["useFahrenheit"], FakeKeyValueStore::Value(true));
+}
+
+TEST_F(AppDelegateTest, ShowPanelClosesTheCardAndOpensThePanel) {
+  desktop_.statusItem_.button = Rect{500, 700, 24, 24};
+  AppDelegate& delegate = launch();
+  desktop_.statusItem_.click();
+  ControlPanelModel::invoke(delegate.controlModel()->onShowPanel);
+  EXPECT_FALSE(delegate.controlPanel()->isVisible());
+  EXPECT_TRUE(delegate.panelState().isOpen());
+}
+
+TEST_F(AppDelegateTest, SettingsLeavesTheCardOpenAndAboutClosesIt) {
+  desktop_.statusItem_.button = Rect{500, 700, 24, 24};
+  AppDelegate& delegate = launch();
+  desktop_.statusItem_.click();
+  ControlPanelModel::invoke(delegate.controlModel()->onOpenSettings);
+  EXPECT_TRUE(delegate.controlPanel()->isVisible());
+  ASSERT_NE(delegate.settingsController()->window(), nullptr);
+  EXPECT_TRUE(delegate.settingsController()->window()->isVisible());
+  ControlPanelModel::invoke(delegate.controlModel()->onAbout);
+  EXPECT_FALSE(delegate.controlPanel()->isVisible());
+  ASSERT_NE(delegate.aboutController().window(), nullptr);
+  EXPECT_TRUE(delegate.aboutController().window()->isVisible());
+  delegate.settingsController()->window()->hide();
+  delegate.aboutController().window()->hide();
+}
+
+TEST_F(AppDelegateTest, CommandCommaOpensTheSettingsFromAnyOfBrimlysWindows) {
+  AppDelegate& delegate = launch();
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Comma, Qt::ControlModifier, ",");
+  QApplication::sendEvent(delegate.window(), &press);
+  ASSERT_NE(delegate.settingsController()->window(), nullptr);
+  EXPECT_TRUE(delegate.settingsController()->window()->isVisible());
+  EXPECT_TRUE(press.isAccepted());
+  delegate.settingsController()->window()->hide();
+}
+
+TEST_F(AppDelegateTest, CommandOptionCommaMatchesButCommandPeriodAndAPlainCommaPassThrough) {
+  AppDelegate& delegate = launch();
+  QKeyEvent period(QEvent::KeyPress, Qt::Key_Period, Qt::ControlModifier, ".");
+  QApplication::sendEvent(delegate.window(), &period);
+  QKeyEvent comma(QEvent::KeyPress, Qt::Key_Comma, Qt::NoModifier, ",");
+  QApplication::sendEvent(delegate.window(), &comma);
+  EXPECT_EQ(delegate.settingsController()->window(), nullptr);
+  QKeyEvent optionComma(QEvent::KeyPress, Qt::Key_Comma, Qt::ControlModifier | Qt::AltModifier,
+                        QString());
+  QApplication::sendEvent(delegate.window(), &optionComma);
+  ASSERT_NE(delegate.settingsController()->window(), nullptr);
+  delegate.settingsController()->window()->hide();
+}
+
+TEST_F(AppDelegateTest, AfterTerminationTheShortcutIsGone) {
+  AppDelegate& delegate = launch();
+  delegate.applicationWillTerminate();
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Comma, Qt::ControlModifier, ",");
+  QApplication::sendEvent(delegate.window(), &press);
+  EXPECT_EQ(delegate.settingsController()->window(), nullptr);
+}
+
+TEST_F(AppDelegateTest, WithoutATrayASecondLaunchShowsTheCardAtThePointer) {
+  desktop_.statusItem_.available = false;
+  AppDelegate& delegate = launch();
+  EXPECT_FALSE(delegate.hasStatusItem());
+  delegate.showControlsOnRequest();
+  EXPECT_TRUE(delegate.controlPanel()->isVisible());
+  delegate.controlPanel()->close();
+}
+
+TEST_F(AppDelegateTest, TheDesktopDressesTheSettingsAndAboutWindowsWhenMadeAndEachShow) {
+  AppDelegate& delegate = launch();
+  ControlPanelModel::invoke(delegate.controlModel()->onOpenSettings);
+  QWidget* settings = delegate.settingsController()->window();
+  ASSERT_NE(settings, nullptr);
+  EXPECT_EQ(desktop_.titledWindowsReady, (std::vector<QWidget*>{settings, settings}));
+  ControlPanelModel::invoke(delegate.controlModel()->onAbout);
+  ControlPanelModel::invoke(delegate.controlModel()->onAbout);
+  QWidget* about = delegate.aboutController().window();
+  EXPECT_EQ(desktop_.titledWindowsReady,
+            (std::vector<QWidget*>{settings, settings, about, about, about}));
+  settings->hide();
+  about->hide();
+}
+
+TEST_F(AppDelegateTest, WithATrayASecondLaunchLeavesTheRunningOneAlone) {
+  desktop_.statusItem_.button = Rect{500, 700, 24, 24};
+  AppDelegate& delegate = launch();
+  ASSERT_TRUE(delegate.hasStatusItem());
+  delegate.showControlsOnRequest();
+  EXPECT_FALSE(delegate.controlPanel()->isVisible());
+}
+
+TEST_F(AppDelegateTest, WithoutATraySettingsLeavesThePopUpCardWhereItWas) {
+  desktop_.statusItem_.available = false;
+  desktop_.popUpCard = true;
+  AppDelegate& delegate = launch();
+  delegate.showControlsOnRequest();
+  ASSERT_TRUE(delegate.controlPanel()->isVisible());
+  const QPoint where = delegate.controlPanel()->pos();
+  ControlPanelModel::invoke(delegate.controlModel()->onOpenSettings);
+  EXPECT_TRUE(delegate.controlPanel()->isVisible());
+  EXPECT_EQ(delegate.controlPanel()->pos(), where);
+  delegate.controlPanel()->close();
+  delegate.settingsController()->window()->hide();
 }
 
 }  // namespace

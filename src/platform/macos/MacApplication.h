@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 
 // The application-level calls of the macOS desktop that Qt does not make for us. Main thread only.
 
@@ -28,5 +30,35 @@ bool configureOverlayPanel(std::uintptr_t windowId);
 // Puts the overlay panel in front of the other windows of its level without activating the
 // application (orderFrontRegardless). False when the id has no native window.
 bool orderOverlayFront(std::uintptr_t windowId);
+
+// Turns the native window of the control card into a pop-up beneath the menu-bar item: at the
+// pop-up menu level (101), on every space, out of the window cycle and beside full-screen windows
+// (collection behaviour 321), transparent, without shadow (the card draws its own), not movable,
+// still shown while the application is inactive, and shown and hidden as a utility window. Call it
+// once the native window exists and again after every show(), since Qt may reset part of it or
+// swap the window while showing. Qt answers opacity and background itself: the card's widget also
+// needs Qt::WA_TranslucentBackground. False when the id has no native window.
+bool configureControlCard(std::uintptr_t windowId);
+
+// Gives the native window of a titled window of Brimly's (settings, About) its look: the title
+// bar transparent and lying over the top of the content (full-size content view), the title
+// hidden, movable by dragging its background, dark whatever the system appearance, on an opaque
+// sRGB background of `red`, `green`, `blue` (0…1). The content keeps `contentWidth` ×
+// `contentHeight` points. Qt recomputes the style mask whenever it reapplies window flags, so
+// call it again after every show(). False when the id has no native window.
+bool configureTitledWindow(std::uintptr_t windowId, double contentWidth, double contentHeight,
+                           double red, double green, double blue);
+
+// Makes this application the active one, ignoring which application the user was in: an
+// accessory application has to ask before one of its windows can take the keyboard.
+void activateIgnoringOtherApplications();
+
+// Makes the window key and puts it in front of the others (makeKeyAndOrderFront). False when the
+// id has no native window.
+bool makeKeyAndFront(std::uintptr_t windowId);
+
+// The main bundle's short version string ("CFBundleShortVersionString"); nothing when the bundle
+// has none or it is not a string (a bare executable run during development has no bundle).
+std::optional<std::string> bundleShortVersion();
 
 }  // namespace brimly

@@ -15,6 +15,20 @@ constexpr NSWindowCollectionBehavior kOverlayBehavior =
     NSWindowCollectionBehaviorIgnoresCycle | NSWindowCollectionBehaviorFullScreenAuxiliary;
 static_assert(kOverlayBehavior == 337);
 
+// The pop-up menu level: above the menu bar and the overlay panel.
+constexpr NSWindowLevel kPopUpMenuWindowLevel = 101;
+constexpr NSWindowCollectionBehavior kControlCardBehavior =
+    NSWindowCollectionBehaviorCanJoinAllSpaces | NSWindowCollectionBehaviorIgnoresCycle |
+    NSWindowCollectionBehaviorFullScreenAuxiliary;
+static_assert(kControlCardBehavior == 321);
+
+// A widget's native id is its NSView; Qt may give the view a new window, so the window is looked
+// up afresh every time.
+NSWindow* _Nullable windowOf(std::uintptr_t windowId) {
+  if (windowId == 0) return nil;
+  return ((__bridge NSView*)reinterpret_cast<void*>(windowId)).window;
+}
+
 }  // namespace
 
 bool anotherInstanceIsRunning() {
@@ -37,11 +51,8 @@ void becomeAccessoryApplication() {
 }
 
 bool configureOverlayPanel(std::uintptr_t windowId) {
-  if (windowId == 0) return false;
   @autoreleasepool {
-    // A widget's native id is its NSView; the window is looked up afresh every time.
-    NSView* view = (__bridge NSView*)reinterpret_cast<void*>(windowId);
-    NSWindow* window = view.window;
+    NSWindow* window = windowOf(windowId);
     if (window == nil) return false;
     window.level = kStatusWindowLevel;
     window.collectionBehavior = kOverlayBehavior;
@@ -56,12 +67,76 @@ bool configureOverlayPanel(std::uintptr_t windowId) {
 }
 
 bool orderOverlayFront(std::uintptr_t windowId) {
-  if (windowId == 0) return false;
   @autoreleasepool {
-    NSWindow* window = ((__bridge NSView*)reinterpret_cast<void*>(windowId)).window;
+    NSWindow* window = windowOf(windowId);
     if (window == nil) return false;
     [window orderFrontRegardless];
     return true;
+  }
+}
+
+bool configureControlCard(std::uintptr_t windowId) {
+  @autoreleasepool {
+    NSWindow* window = windowOf(windowId);
+    if (window == nil) return false;
+    window.level = kPopUpMenuWindowLevel;
+    window.collectionBehavior = kControlCardBehavior;
+    window.opaque = NO;
+    window.backgroundColor = NSColor.clearColor;
+    window.hasShadow = NO;
+    window.movable = NO;
+    window.hidesOnDeactivate = NO;
+    window.animationBehavior = NSWindowAnimationBehaviorUtilityWindow;
+    return true;
+  }
+}
+
+bool configureTitledWindow(std::uintptr_t windowId, double contentWidth, double contentHeight,
+                           double red, double green, double blue) {
+  @autoreleasepool {
+    NSWindow* window = windowOf(windowId);
+    if (window == nil) return false;
+    window.styleMask = window.styleMask | NSWindowStyleMaskFullSizeContentView;
+    window.titlebarAppearsTransparent = YES;
+    window.titleVisibility = NSWindowTitleHidden;
+    window.movableByWindowBackground = YES;
+    window.appearance = [NSAppearance appearanceNamed:NSAppearanceNameDarkAqua];
+    window.backgroundColor = [NSColor colorWithSRGBRed:red green:green blue:blue alpha:1.0];
+    // With the content view under the title bar, the frame shrinks to the content's size again.
+    [window setContentSize:NSMakeSize(contentWidth, contentHeight)];
+    return true;
+  }
+}
+
+void activateIgnoringOtherApplications() {
+  @autoreleasepool {
+    NSApplication* application = NSApplication.sharedApplication;
+    if (@available(macOS 14.0, *)) {
+      // macOS 14 may decline to activate an application the user has not turned to; the click on
+      // the menu-bar item that leads here should count as turning to it.
+      [application activate];
+    } else {
+      [application activateIgnoringOtherApps:YES];
+    }
+  }
+}
+
+bool makeKeyAndFront(std::uintptr_t windowId) {
+  @autoreleasepool {
+    NSWindow* window = windowOf(windowId);
+    if (window == nil) return false;
+    [window makeKeyAndOrderFront:nil];
+    return true;
+  }
+}
+
+std::optional<std::string> bundleShortVersion() {
+  @autoreleasepool {
+    id value = NSBundle.mainBundle.infoDictionary[@"CFBundleShortVersionString"];
+    if (![value isKindOfClass:[NSString class]]) return std::nullopt;
+    const char* text = ((NSString*)value).UTF8String;
+    if (text == nullptr) return std::nullopt;
+    return std::string(text);  // copied before the pool drains
   }
 }
 

@@ -43,6 +43,7 @@ typedef struct __CFDictionary* CFMutableDictionaryRef;
 typedef const struct __CFNumber* CFNumberRef;
 typedef const struct __CFBoolean* CFBooleanRef;
 typedef const struct __CFURL* CFURLRef;
+typedef const struct __CFData* CFDataRef;
 typedef struct __CFError* CFErrorRef;
 typedef CFTypeRef CFPropertyListRef;
 
@@ -133,12 +134,17 @@ void CFDictionaryGetKeysAndValues(CFDictionaryRef theDict, const void** keys,
                                   const void** values);
 const void* CFDictionaryGetValue(CFDictionaryRef theDict, const void* key);
 
+// Data.
+CFTypeID CFDataGetTypeID(void);
+CFDataRef CFDataCreate(CFAllocatorRef allocator, const UInt8* bytes, CFIndex length);
+
 // URLs and their resource values.
 CFURLRef CFURLCreateFromFileSystemRepresentation(CFAllocatorRef allocator, const UInt8* buffer,
                                                  CFIndex bufLen, Boolean isDirectory);
 CFDictionaryRef CFURLCopyResourcePropertiesForKeys(CFURLRef url, CFArrayRef keys,
                                                    CFErrorRef* error);
 extern const CFStringRef kCFURLVolumeTotalCapacityKey;
+extern const CFStringRef kCFURLVolumeAvailableCapacityKey;
 extern const CFStringRef kCFURLVolumeAvailableCapacityForImportantUsageKey;
 
 // Preferences of the current user, in an application's domain.

@@ -9,9 +9,15 @@
 #include <CoreGraphics/CGGeometry.h>
 
 // <objc/objc.h>, <objc/NSObject.h>
-typedef signed char BOOL;  // as on x86-64; arm64 uses bool, which behaves the same here
+// Apple silicon (arm64): BOOL is bool; it is signed char only on Intel Macs (x86-64).
+typedef bool BOOL;
+#if __has_feature(objc_bool)
+#define YES __objc_yes
+#define NO __objc_no
+#else
 #define YES ((BOOL)1)
 #define NO ((BOOL)0)
+#endif
 #define nil nullptr
 
 typedef long NSInteger;
@@ -22,11 +28,16 @@ typedef unsigned long NSUInteger;
 
 #pragma clang assume_nonnull begin
 
+@protocol NSObject
+- (BOOL)isKindOfClass:(Class)aClass;
+@end
+
 __attribute__((objc_root_class))
-@interface NSObject
+@interface NSObject<NSObject>
 + (instancetype)alloc;
 + (instancetype)new;
 - (instancetype)init;
++ (Class)class;
 @end
 
 // <Foundation/NSEnumerator.h>
@@ -44,8 +55,11 @@ typedef struct {
 @end
 
 // <Foundation/NSString.h>
+#define NS_RETURNS_INNER_POINTER __attribute__((objc_returns_inner_pointer))
+
 @interface NSString : NSObject
 + (nullable instancetype)stringWithUTF8String:(const char*)nullTerminatedCString;
+@property(nullable, readonly) const char* UTF8String NS_RETURNS_INNER_POINTER;
 @end
 
 // <Foundation/NSArray.h>
@@ -53,16 +67,39 @@ typedef struct {
 @property(readonly) NSUInteger count;
 @end
 
+// <Foundation/NSDictionary.h>
+@interface NSDictionary<__covariant KeyType, __covariant ObjectType> : NSObject <NSFastEnumeration>
+@property(readonly) NSUInteger count;
+- (nullable ObjectType)objectForKey:(KeyType)aKey;
+@end
+
+@interface NSDictionary <KeyType, ObjectType>(NSExtendedDictionary)
+- (nullable ObjectType)objectForKeyedSubscript:(KeyType)key;  // macOS 10.8
+@end
+
 // <Foundation/NSBundle.h>
 @interface NSBundle : NSObject
 @property(class, readonly, strong) NSBundle* mainBundle;
 @property(nullable, readonly, copy) NSString* bundleIdentifier;
+@property(nullable, readonly, copy) NSDictionary<NSString*, id>* infoDictionary;
+@end
+
+// <Foundation/NSError.h>
+@interface NSError : NSObject
+@property(readonly, copy) NSString* localizedDescription;
 @end
 
 // <Foundation/NSGeometry.h>
 typedef CGPoint NSPoint;
 typedef CGSize NSSize;
 typedef CGRect NSRect;
+
+static inline NSSize NSMakeSize(CGFloat w, CGFloat h) {
+  NSSize size;
+  size.width = w;
+  size.height = h;
+  return size;
+}
 
 typedef struct NSEdgeInsets {
   CGFloat top;

@@ -17,9 +17,13 @@ typedef io_object_t io_registry_entry_t;
 typedef io_object_t io_service_t;
 #define IO_OBJECT_NULL ((io_object_t)0)
 
+// <device/device_types.h>
+typedef char io_name_t[128];
+
 extern const mach_port_t kIOMainPortDefault;  // macOS 12.0
 
 kern_return_t IOObjectRelease(io_object_t object);
+kern_return_t IOObjectGetClass(io_object_t object, io_name_t className);
 io_object_t IOIteratorNext(io_iterator_t iterator);
 
 CFMutableDictionaryRef IOServiceMatching(const char* name) CF_RETURNS_RETAINED;
@@ -32,6 +36,8 @@ kern_return_t IOServiceGetMatchingServices(mach_port_t mainPort,
 kern_return_t IORegistryEntryCreateCFProperties(io_registry_entry_t entry,
                                                 CFMutableDictionaryRef* properties,
                                                 CFAllocatorRef allocator, IOOptionBits options);
+CFTypeRef IORegistryEntryCreateCFProperty(io_registry_entry_t entry, CFStringRef key,
+                                          CFAllocatorRef allocator, IOOptionBits options);
 
 #ifdef __cplusplus
 }

@@ -86,6 +86,35 @@ kern_return_t host_statistics64(host_t host_priv, host_flavor_t flavor,
                                 host_info64_t host_info64_out,
                                 mach_msg_type_number_t* host_info64_outCnt);
 
+// <mach/task_info.h>, <mach/task.h> and the types they use
+typedef mach_port_t task_name_t;
+typedef natural_t task_flavor_t;
+typedef integer_t* task_info_t;
+typedef uint64_t mach_vm_size_t;
+typedef int policy_t;
+struct time_value {
+  integer_t seconds;
+  integer_t microseconds;
+};
+typedef struct time_value time_value_t;
+#pragma pack(push, 4)
+struct mach_task_basic_info {
+  mach_vm_size_t virtual_size;
+  mach_vm_size_t resident_size;
+  mach_vm_size_t resident_size_max;
+  time_value_t user_time;
+  time_value_t system_time;
+  policy_t policy;
+  integer_t suspend_count;
+};
+#pragma pack(pop)
+typedef struct mach_task_basic_info mach_task_basic_info_data_t;
+#define MACH_TASK_BASIC_INFO 20
+#define MACH_TASK_BASIC_INFO_COUNT \
+  ((mach_msg_type_number_t)(sizeof(mach_task_basic_info_data_t) / sizeof(natural_t)))
+kern_return_t task_info(task_name_t target_task, task_flavor_t flavor, task_info_t task_info_out,
+                        mach_msg_type_number_t* task_info_outCnt);
+
 #ifdef __cplusplus
 }
 #endif
