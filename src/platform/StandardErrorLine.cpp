@@ -10,7 +10,8 @@ namespace brimly {
 void writeStandardErrorLine(std::string_view line) {
   std::string text;
   text.reserve(line.size() + 1);
-  text.append(line);
+  for (const char c : line)
+    text.push_back(c == '\n' || c == '\r' ? ' ' : c);
   text.push_back('\n');
   // A single write normally takes the whole line; the loop only finishes a write that a signal or
   // a full pipe cut short.

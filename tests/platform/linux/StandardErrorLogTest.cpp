@@ -27,6 +27,13 @@ TEST(StandardErrorLog, EachLineEndsBeforeTheNext) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "first\nsecond\n");
 }
 
+TEST(StandardErrorLog, ALineBreakInsideStaysOneLine) {
+  testing::internal::CaptureStderr();
+  writeSystemLogLine("Brimly: login item toggle failed \u2014 /home/a\nb/.config\r is a file");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "Brimly: login item toggle failed \u2014 /home/a b/.config  is a file\n");
+}
+
 TEST(StandardErrorLog, ALongLineArrivesWhole) {
   const std::string line(100'000, 'x');
   testing::internal::CaptureStderr();
