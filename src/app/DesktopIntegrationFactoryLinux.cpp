@@ -5,6 +5,7 @@
 #include <QLibraryInfo>
 #include <QPluginLoader>
 #include <cstdlib>
+#include <memory>
 
 #include "app/CommandLine.h"
 #include "app/DesktopIntegrationFactory.h"
@@ -55,13 +56,25 @@ std::vector<std::string> installedPlatforms(const QtPlatformArguments& options) 
   return keys;
 }
 
+// The connection that found the X server answering, kept open until the application has made its
+// own: an X server whose only client it was would reset when it closed, and turn Qt's connection
+// away while resetting (a bare Xvfb or xinit session whose first program is Brimly).
+std::unique_ptr<X11Desktop>& answeringDisplay() {
+  static std::unique_ptr<X11Desktop> desktop;
+  return desktop;
+}
+
 }  // namespace
 
 std::optional<std::string> desktopProblem(const std::vector<std::string>& arguments) {
   const QtPlatformArguments options = qtPlatformArguments(arguments);
-  return startupProblem(
-      displayEnvironment(options), installedPlatforms(options),
-      [](const std::string& display) { return X11Desktop(display).isConnected(); });
+  return startupProblem(displayEnvironment(options), installedPlatforms(options),
+                        [](const std::string& display) {
+                          auto desktop = std::make_unique<X11Desktop>(display);
+                          if (!desktop->isConnected()) return false;
+                          answeringDisplay() = std::move(desktop);
+                          return true;
+                        });
 }
 
 void choosePlatformPlugin(const std::vector<std::string>& arguments) {
@@ -74,6 +87,7 @@ void choosePlatformPlugin(const std::vector<std::string>& arguments) {
 }
 
 std::unique_ptr<DesktopIntegration> makeDesktopIntegration() {
+  answeringDisplay().reset();  // Qt's connection is open by now
   const QString platform = QGuiApplication::platformName();
   const bool waylandSession = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
                               qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland";
