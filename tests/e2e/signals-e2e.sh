@@ -23,7 +23,9 @@ cleanup() {
 }
 trap cleanup EXIT
 
-Xvfb -displayfd 3 -nolisten tcp -screen 0 1280x800x24 3>"$work/display" 2>"$work/xvfb.log" &
+# -noreset: a desktop's X server always has clients; a bare Xvfb would reset each time Brimly,
+# its only client, ends, and turn away the next one while resetting.
+Xvfb -displayfd 3 -nolisten tcp -noreset -screen 0 1280x800x24 3>"$work/display" 2>"$work/xvfb.log" &
 pids+=($!)
 for _ in $(seq 200); do [ -s "$work/display" ] && break; sleep 0.05; done
 [ -s "$work/display" ] || { echo "FAIL: Xvfb did not start"; exit 1; }
@@ -50,7 +52,10 @@ start_brimly() {
   pids+=($started_pid)
   for _ in $(seq 400); do
     xdotool search --onlyvisible --pid "$started_pid" --name '^Brimly$' >/dev/null 2>&1 && return 0
-    kill -0 "$started_pid" 2>/dev/null || return 1
+    if ! kill -0 "$started_pid" 2>/dev/null; then
+      sed 's/^/      (stderr) /' "$work/brimly.err"
+      return 1
+    fi
     sleep 0.05
   done
   return 1

@@ -38,7 +38,7 @@ nobody=$(free_display)
 # A display that works, when Xvfb is there to serve it.
 working=$nobody
 if command -v Xvfb >/dev/null 2>&1; then
-  Xvfb -displayfd 3 -nolisten tcp -screen 0 640x480x24 3>"$work/display" 2>"$work/xvfb.log" &
+  Xvfb -displayfd 3 -nolisten tcp -noreset -screen 0 640x480x24 3>"$work/display" 2>"$work/xvfb.log" &
   pids+=($!)
   for _ in $(seq 200); do [ -s "$work/display" ] && break; sleep 0.05; done
   if [ -s "$work/display" ]; then
