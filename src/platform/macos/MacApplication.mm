@@ -29,6 +29,17 @@ NSWindow* _Nullable windowOf(std::uintptr_t windowId) {
   return ((__bridge NSView*)reinterpret_cast<void*>(windowId)).window;
 }
 
+// What the panel and the card share: transparent, without the window server's shadow (they draw
+// their own shapes), fixed in place, and shown while the application is inactive, which an
+// accessory application nearly always is.
+void makeClearStillAndAlwaysShown(NSWindow* window) {
+  window.opaque = NO;
+  window.backgroundColor = NSColor.clearColor;
+  window.hasShadow = NO;
+  window.movable = NO;
+  window.hidesOnDeactivate = NO;
+}
+
 }  // namespace
 
 bool anotherInstanceIsRunning() {
@@ -56,11 +67,7 @@ bool configureOverlayPanel(std::uintptr_t windowId) {
     if (window == nil) return false;
     window.level = kStatusWindowLevel;
     window.collectionBehavior = kOverlayBehavior;
-    window.opaque = NO;
-    window.backgroundColor = NSColor.clearColor;
-    window.hasShadow = NO;
-    window.movable = NO;
-    window.hidesOnDeactivate = NO;
+    makeClearStillAndAlwaysShown(window);
     window.ignoresMouseEvents = YES;
     return true;
   }
@@ -81,11 +88,7 @@ bool configureControlCard(std::uintptr_t windowId) {
     if (window == nil) return false;
     window.level = kPopUpMenuWindowLevel;
     window.collectionBehavior = kControlCardBehavior;
-    window.opaque = NO;
-    window.backgroundColor = NSColor.clearColor;
-    window.hasShadow = NO;
-    window.movable = NO;
-    window.hidesOnDeactivate = NO;
+    makeClearStillAndAlwaysShown(window);
     window.animationBehavior = NSWindowAnimationBehaviorUtilityWindow;
     return true;
   }
