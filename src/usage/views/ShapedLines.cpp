@@ -6,11 +6,20 @@
 
 namespace brimly {
 
+namespace {
+
+constexpr QChar emDash(0x2014);
+
+}  // namespace
+
 const ShapedLines::Line& ShapedLines::line(const QString& text, const QFont& font,
-                                           const QPaintDevice& device, double maxWidth) {
+                                           const QPaintDevice& device, double maxWidth,
+                                           const std::optional<QFont>& dashFont) {
   // A different font (another screen's resolution) or width shapes every line anew.
-  if (font_ != font || maxWidth != maxWidth_ || lines_.size() >= capacity) {
+  if (font_ != font || dashFont_ != dashFont || maxWidth != maxWidth_ ||
+      lines_.size() >= capacity) {
     font_ = font;
+    dashFont_ = dashFont;
     maxWidth_ = maxWidth;
     metrics_.emplace(font, &device);
     lines_.clear();
@@ -23,17 +32,31 @@ const ShapedLines::Line& ShapedLines::line(const QString& text, const QFont& fon
   // Cut with an ellipsis where it does not fit.
   const QString shown =
       maxWidth == unlimited ? text : metrics.elidedText(text, Qt::ElideRight, maxWidth);
-  shaped.advance = metrics.horizontalAdvance(shown);
   QTextLayout layout(shown, font, &device);
   QTextOption option;
   option.setWrapMode(QTextOption::NoWrap);
   layout.setTextOption(option);
+  if (dashFont) {
+    // A monospaced face squeezes the dash into one narrow cell, where it reads as a hyphen.
+    QList<QTextLayout::FormatRange> dashes;
+    for (qsizetype i = shown.indexOf(emDash); i >= 0; i = shown.indexOf(emDash, i + 1)) {
+      QTextLayout::FormatRange dash{static_cast<int>(i), 1, {}};
+      dash.format.setFont(*dashFont);
+      dashes.append(dash);
+    }
+    layout.setFormats(dashes);
+  }
   layout.beginLayout();
   QTextLine textLine = layout.createLine();
   layout.endLayout();
-  if (textLine.isValid()) {
-    shaped.layoutAscent = textLine.ascent();
-    shaped.glyphs = textLine.glyphRuns();
+  if (!textLine.isValid()) return *lines_.insert(text, std::move(shaped));
+  shaped.advance = textLine.horizontalAdvance();
+  shaped.layoutAscent = textLine.ascent();
+  shaped.glyphs = textLine.glyphRuns();
+  for (qsizetype i = 0; i < shown.size(); ++i) {
+    const int at = static_cast<int>(i);
+    shaped.characters.push_back(
+        {shown.at(i).unicode(), textLine.cursorToX(at), textLine.glyphRuns(at, 1)});
   }
   return *lines_.insert(text, std::move(shaped));
 }

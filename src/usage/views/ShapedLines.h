@@ -9,6 +9,7 @@
 #include <QString>
 #include <limits>
 #include <optional>
+#include <vector>
 
 class QPainter;
 class QPaintDevice;
@@ -22,16 +23,23 @@ class ShapedLines {
  public:
   static constexpr double unlimited = std::numeric_limits<double>::infinity();
 
+  // One character of a line and its own glyphs, for drawing characters one by one.
+  struct Character {
+    char32_t code = 0;
+    double x = 0.0;  // where it starts, from the line's start
+    QList<QGlyphRun> glyphs;
+  };
   struct Line {
     double advance = 0.0;  // how far the pen moves over the line
     double layoutAscent = 0.0;
     QList<QGlyphRun> glyphs;
+    std::vector<Character> characters;
   };
 
-  // `text` in `font` on `device`, no wider than `maxWidth`. The font's ascent and height are
-  // those of every line of it.
+  // `text` in `font` on `device`, no wider than `maxWidth`, with any em dash in `dashFont` where
+  // one is given. The font's ascent and height are those of every line of it.
   const Line& line(const QString& text, const QFont& font, const QPaintDevice& device,
-                   double maxWidth = unlimited);
+                   double maxWidth = unlimited, const std::optional<QFont>& dashFont = {});
   double ascent() const { return metrics_ ? metrics_->ascent() : 0.0; }
   double height() const { return metrics_ ? metrics_->height() : 0.0; }
 
@@ -43,6 +51,7 @@ class ShapedLines {
   static constexpr qsizetype capacity = 64;
 
   std::optional<QFont> font_;
+  std::optional<QFont> dashFont_;
   double maxWidth_ = unlimited;
   std::optional<QFontMetricsF> metrics_;  // of `font_` on the device last drawn on
   QHash<QString, Line> lines_;

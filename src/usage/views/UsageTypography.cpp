@@ -3,46 +3,73 @@
 #include <QFontDatabase>
 #include <QPaintDevice>
 #include <QStringList>
+#include <initializer_list>
 
 namespace brimly {
 
 namespace {
 
+// The heaviest weight no heavier than `wanted` that `family` has a face of; `wanted` itself when
+// the family is not installed (Qt then substitutes one, whose weights are unknown here).
+QFont::Weight availableWeight(const QString& family, QFont::Weight wanted) {
+  if (!QFontDatabase::hasFamily(family)) return wanted;
+  QFont::Weight best = QFont::Thin;
+  bool found = false;
+  for (const QString& style : QFontDatabase::styles(family)) {
+    if (QFontDatabase::italic(family, style)) continue;
+    const auto weight = static_cast<QFont::Weight>(QFontDatabase::weight(family, style));
+    if (weight <= wanted && (!found || weight > best)) {
+      best = weight;
+      found = true;
+    }
+  }
+  return found ? best : wanted;
+}
+
 QFont fontOf(const QString& family, double pixels, QFont::Weight weight, const QPaintDevice& device,
              QFont::StyleHint hint) {
   QFont font(family);
   font.setStyleHint(hint);
-  font.setWeight(weight);
+  font.setWeight(availableWeight(family, weight));
   const int dpi = device.logicalDpiY() > 0 ? device.logicalDpiY() : 96;
   font.setPointSizeF(pixels * 72.0 / dpi);
   return font;
 }
 
-QString roundedFamily() {
+struct Face {
+  const char* family;
+  QFont::Weight labelWeight = QFont::DemiBold;
+};
+
+// The first of `preferred` that is installed; an empty family when none is.
+Face firstInstalled(std::initializer_list<Face> preferred) {
   const QStringList families = QFontDatabase::families();
-  for (const char* preferred :
-       {"SF Pro Rounded", "Arial Rounded MT Bold", "Nunito", "Varela Round", "M PLUS Rounded 1c"}) {
-    if (families.contains(QString::fromLatin1(preferred))) return QString::fromLatin1(preferred);
+  for (const Face& face : preferred) {
+    if (families.contains(QString::fromLatin1(face.family))) return face;
   }
-  for (const QString& family : families) {
-    if (family.contains(QLatin1String("Rounded"), Qt::CaseInsensitive) &&
-        !QFontDatabase::isFixedPitch(family)) {
-      return family;
-    }
-  }
-  return {};
+  return {""};
 }
 
 }  // namespace
 
 UsageTypography UsageTypography::system() {
-  QString label = roundedFamily();
-  if (label.isEmpty()) label = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
-  return {label, QFontDatabase::systemFont(QFontDatabase::FixedFont).family()};
+  // Quicksand is drawn light: its bold has the stroke of another face's semibold (and it has no
+  // semibold of its own).
+  const Face label = firstInstalled({{"SF Pro Rounded"},
+                                     {"Quicksand", QFont::Bold},
+                                     {"M PLUS Rounded 1c"},
+                                     {"Nunito"},
+                                     {"Inter"}});
+  QString labelFamily = QString::fromLatin1(label.family);
+  if (labelFamily.isEmpty())
+    labelFamily = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
+  QString monospace = QString::fromLatin1(firstInstalled({{"SF Mono"}, {"JetBrains Mono"}}).family);
+  if (monospace.isEmpty()) monospace = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+  return {labelFamily, monospace, label.labelWeight};
 }
 
 QFont UsageTypography::labelFont(const QPaintDevice& device) const {
-  QFont font = fontOf(labelFamily, labelSize, QFont::DemiBold, device, QFont::SansSerif);
+  QFont font = fontOf(labelFamily, labelSize, labelWeight, device, QFont::SansSerif);
   font.setLetterSpacing(QFont::AbsoluteSpacing, labelTracking);
   return font;
 }
@@ -53,6 +80,10 @@ QFont UsageTypography::valueFont(const QPaintDevice& device) const {
 
 QFont UsageTypography::detailFont(const QPaintDevice& device) const {
   return fontOf(monospaceFamily, detailSize, QFont::Normal, device, QFont::Monospace);
+}
+
+QFont UsageTypography::dashFont(const QPaintDevice& device) const {
+  return fontOf(labelFamily, valueSize, QFont::Medium, device, QFont::SansSerif);
 }
 
 }  // namespace brimly

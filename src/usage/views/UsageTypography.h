@@ -10,24 +10,39 @@ namespace brimly {
 // The fonts of a metric cell. Sizes are in device-independent pixels (the design's points), so a
 // font is made for the device it is drawn on: its logical DPI turns pixels into Qt's points.
 //   label:  9.5, semibold, a rounded face where one is installed, tracking 0.7
-//   value:  13, medium, monospaced
+//   value:  13, medium, monospaced (its em dash in the label's face: see `dashFont`)
 //   detail: 9.5, regular, monospaced
+// A family without a semibold or medium face is drawn at the nearest lighter weight it has: a
+// synthesised or borrowed bold is far heavier than the design.
 struct UsageTypography {
   static constexpr double labelSize = 9.5;
   static constexpr double labelTracking = 0.7;
   static constexpr double valueSize = 13.0;
   static constexpr double detailSize = 9.5;
+  // The header row's height, in whole points so that the bars fall on whole pixels: the value's
+  // line as the design's faces set it (1.2 times the size). Faces set their lines differently
+  // (JetBrains Mono's is 1.32 times the size), and a taller row would push the grid out of the
+  // open card, so the row does not follow the face: the texts are centred in it.
+  static constexpr double headerHeight = 16.0;
 
   QString labelFamily;
   QString monospaceFamily;
+  // Semibold, or what in `labelFamily` looks like it.
+  QFont::Weight labelWeight = QFont::DemiBold;
 
-  // The families this machine offers: a rounded sans-serif if one is installed, else the default
-  // sans-serif; the default fixed-pitch family.
+  // The families this machine offers, the first installed of: for labels macOS's rounded system
+  // face, Quicksand (fonts-quicksand) or another rounded sans-serif, Inter (fonts-inter), then
+  // the default sans-serif; for
+  // values and details SF Mono, JetBrains Mono (fonts-jetbrains-mono), then the default
+  // fixed-pitch family.
   static UsageTypography system();
 
   QFont labelFont(const QPaintDevice& device) const;
   QFont valueFont(const QPaintDevice& device) const;
   QFont detailFont(const QPaintDevice& device) const;
+  // The placeholder dash at the value's size and weight, in the label's proportional face: a
+  // monospaced em dash is one narrow cell wide and reads as a hyphen.
+  QFont dashFont(const QPaintDevice& device) const;
 };
 
 }  // namespace brimly

@@ -1,6 +1,5 @@
 #include "usage/views/UsageView.h"
 
-#include <QFontMetricsF>
 #include <QLinearGradient>
 #include <QPaintEvent>
 #include <QPainter>
@@ -19,6 +18,11 @@ namespace {
 
 // The whole pixels `rect` (in a cell) touches inside the grid, with a pixel to spare on every side
 // for antialiased edges.
+// Two bar values are the same value; not a number is the same as itself.
+bool sameValue(double a, double b) {
+  return a == b || (std::isnan(a) && std::isnan(b));
+}
+
 QRect repaintArea(const Rect& rect, const CellPlacement& placement) {
   return toQRectF(rect)
       .translated(placement.frame.x, placement.frame.y)
@@ -46,15 +50,13 @@ UsageView::UsageView(int columns, double cellWidth, UsageTypography typography, 
     : QWidget(parent),
       columns_(columns),
       cellWidth_(cellWidth),
-      typography_(std::move(typography)) {
+      typography_(std::move(typography)),
+      values_(typography_) {
   setAttribute(Qt::WA_TranslucentBackground);
   setAttribute(Qt::WA_NoSystemBackground);
   setAutoFillBackground(false);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  const QFontMetricsF label(typography_.labelFont(*this), this);
-  const QFontMetricsF value(typography_.valueFont(*this), this);
-  headerHeight_ = std::ceil(std::max(label.height(), value.height()));
-  cell_ = MetricGridLayout::cellLayout(cellWidth_, headerHeight_);
+  cell_ = MetricGridLayout::cellLayout(cellWidth_, headerHeight());
   connect(&frameTimer_, &FrameTimer::frame, this, &UsageView::advance);
   rebuild();
   resize(sizeHint());
@@ -101,11 +103,12 @@ void UsageView::rebuild() {
     if (found == motion_.end() || !animate) {
       // A cell that just appeared, or one nobody is watching, shows its value at once.
       motion.bar.jumpTo(content.barValue);
-      motion.textFade.jumpTo(1.0);
+      motion.text.jumpTo(1.0);
       motion.previousPrimary.clear();
       motion.shown = lookAt(motion, now);
     } else {
       // `shown` stays what was painted last: the frames to come are measured against it.
+      const bool newValue = !sameValue(content.barValue, motion.bar.target());
       // A change too small to move the bar by a step is taken at once, without frames.
       if (barStep(motion.bar.value(now)) == barStep(content.barValue)) {
         motion.bar.jumpTo(content.barValue);
@@ -113,9 +116,10 @@ void UsageView::rebuild() {
         motion.bar.animateTo(content.barValue, now);
       }
       if (content.primary != motion.currentPrimary) {
+        // The same value in another unit is put in place at once.
         motion.previousPrimary = motion.currentPrimary;
-        motion.textFade.jumpTo(0.0);
-        motion.textFade.animateTo(1.0, now);
+        motion.text.jumpTo(newValue ? 0.0 : 1.0);
+        if (newValue) motion.text.animateTo(1.0, now);
       }
     }
     motion.currentPrimary = content.primary;
@@ -124,7 +128,7 @@ void UsageView::rebuild() {
   }
   motion_ = std::move(kept);
   grid_ = MetricGridLayout::layout(order_, columns_, cellWidth_,
-                                   MetricGridLayout::cellHeight(headerHeight_));
+                                   MetricGridLayout::cellHeight(headerHeight()));
 
   if (sizeHint() != oldHint) {
     resize(sizeHint());
@@ -145,7 +149,7 @@ void UsageView::repaintChangedParts(const CellPlacement& placement, const Metric
                                     const MetricCellContent& after, double now) {
   // A value text or bar that has just begun to move still looks as it did: its frames repaint it.
   CellMotion& motion = motion_.at(placement.kind.value());
-  const bool newText = before.primary != after.primary && !motion.textFade.isRunning(now);
+  const bool newText = before.primary != after.primary && !motion.text.isRunning(now);
   if (before.label != after.label || newText) update(headerArea(placement));
   const CellLook look = lookAt(motion, now);
   const bool barJumped = !motion.bar.isRunning(now) && look.barFill != motion.shown.barFill;
@@ -159,7 +163,7 @@ void UsageView::repaintChangedParts(const CellPlacement& placement, const Metric
 
 bool UsageView::anyRunning(double now) const {
   return std::any_of(motion_.begin(), motion_.end(), [now](const auto& entry) {
-    return entry.second.bar.isRunning(now) || entry.second.textFade.isRunning(now);
+    return entry.second.bar.isRunning(now) || entry.second.text.isRunning(now);
   });
 }
 
@@ -174,11 +178,11 @@ long UsageView::barStep(double value) const {
 }
 
 UsageView::CellLook UsageView::lookAt(const CellMotion& motion, double now) const {
-  return {barStep(motion.bar.value(now)), textFadeStep(motion, now)};
+  return {barStep(motion.bar.value(now)), textStep(motion, now)};
 }
 
-long UsageView::textFadeStep(const CellMotion& motion, double now) {
-  return std::lround(motion.textFade.value(now) * CellLook::textFadeSteps);
+long UsageView::textStep(const CellMotion& motion, double now) {
+  return std::lround(motion.text.value(now) * ValueTransition::steps);
 }
 
 QRect UsageView::detailArea(const CellPlacement& placement) const {
@@ -198,7 +202,7 @@ void UsageView::advance(double now) {
     CellMotion& motion = motion_.at(placement.kind.value());
     const CellLook look = lookAt(motion, now);
     if (look.barFill != motion.shown.barFill) update(barArea(placement));
-    if (look.textFade != motion.shown.textFade) update(headerArea(placement));
+    if (look.textStep != motion.shown.textStep) update(headerArea(placement));
     motion.shown = look;
   }
   scheduleNextFrame(now);
@@ -243,7 +247,7 @@ void UsageView::paintEvent(QPaintEvent* event) {
   }
 }
 
-// The label at the leading edge, the value at the trailing edge (cross-fading from the old text).
+// The label at the leading edge, the value at the trailing edge.
 void UsageView::paintHeader(QPainter& painter, const MetricCellContent& content,
                             const CellMotion& motion, double now) {
   const QPaintDevice& device = *painter.device();
@@ -252,18 +256,7 @@ void UsageView::paintHeader(QPainter& painter, const MetricCellContent& content,
   drawLine(painter, cell_.labelFrame({label.advance, labels_.height()}), labels_.ascent(), label,
            toQColor(Theme::secondaryForeground));
 
-  const QFont valueFont = typography_.valueFont(device);
-  const double fade = static_cast<double>(textFadeStep(motion, now)) / CellLook::textFadeSteps;
-  const auto drawPrimary = [&](const std::string& text, double opacity) {
-    if (opacity <= 0.0) return;
-    const ShapedLines::Line& value = values_.line(QString::fromStdString(text), valueFont, device);
-    QColor colour = toQColor(Theme::primaryForeground);
-    colour.setAlphaF(static_cast<float>(colour.alphaF() * opacity));
-    drawLine(painter, cell_.primaryFrame({value.advance, values_.height()}), values_.ascent(),
-             value, colour);
-  };
-  if (fade < 1.0) drawPrimary(motion.previousPrimary, 1.0 - fade);
-  drawPrimary(content.primary, fade);
+  values_.paint(painter, motion.previousPrimary, content.primary, textStep(motion, now), cell_);
 }
 
 // A faint full-width track, and the coloured fill over it.

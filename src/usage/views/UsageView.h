@@ -12,8 +12,10 @@
 #include "sampling/MetricSample.h"
 #include "usage/MetricCellContent.h"
 #include "usage/MetricGridLayout.h"
+#include "usage/ValueTransition.h"
 #include "usage/views/ShapedLines.h"
 #include "usage/views/UsageTypography.h"
+#include "usage/views/ValueTextRenderer.h"
 
 namespace brimly {
 
@@ -22,11 +24,12 @@ namespace brimly {
 // shown metrics and the temperature unit), so it serves the notch panel and a preview alike; a
 // binding feeds it from the live monitor and the settings.
 //
-// Bar lengths glide to new values over half a second and a changed value text cross-fades in four
-// steps over a quarter second, but only while the grid is on screen: a hidden grid takes new values
-// at once and costs no frames. A frame repaints only the strips that moved, and frames that would
-// show nothing new are skipped, so a sample that changes one figure costs a handful of small
-// repaints.
+// Bar lengths glide to new values over half a second and a new value text replaces the old one
+// character by character over a quarter second (see `ValueTransition`), but only while the grid is
+// on screen: a hidden grid takes new values at once and costs no frames. The text moves only when
+// the value behind it changes: a new unit for the same temperature is put in place at once. A frame
+// repaints only the strips that moved, and frames that would show nothing new are skipped, so a
+// sample that changes one figure costs a handful of small repaints.
 class UsageView : public QWidget {
   Q_OBJECT
 
@@ -50,9 +53,7 @@ class UsageView : public QWidget {
 
   const std::vector<MetricCellContent>& cells() const { return contents_; }
   const GridGeometry& geometry() const { return grid_; }
-  // The header row's height: the taller line of the label and value fonts, in whole points so
-  // that the bars fall on whole pixels.
-  double headerHeight() const { return headerHeight_; }
+  double headerHeight() const { return UsageTypography::headerHeight; }
   // The bar value a cell shows right now (mid-animation it lies between the old and the new).
   double shownBarValue(MetricKind kind) const;
 
@@ -67,23 +68,23 @@ class UsageView : public QWidget {
 
  private:
   // What one frame of a cell looks like, in steps a viewer could tell apart: the bar's fill in
-  // whole device pixels and the value text's cross-fade in quarters. A frame that would draw the
-  // same steps is not painted. Both are drawn so that their last step is their exact end: a bar
-  // within its last pixel is drawn at its target length, and the cross-fade in its steps.
+  // whole device pixels and the value text's transition in its steps. A frame that would draw the
+  // same steps is not painted. A bar within its last pixel is drawn at its target length, so that
+  // its last step is its exact end.
   struct CellLook {
     static constexpr double barStepsPerPixel = 1.0;
-    static constexpr double textFadeSteps = 4.0;
 
     long barFill = -1;
-    long textFade = -1;
+    long textStep = -1;
     bool operator==(const CellLook&) const = default;
   };
 
   struct CellMotion {
     EasedAnimation bar{barAnimationSeconds};
-    EasedAnimation textFade{textTransitionSeconds, TimingCurve::easeOut(), 1.0};
+    // From 0 (the previous text) to 1 (the current one), over the transition's steps.
+    EasedAnimation text{textTransitionSeconds, TimingCurve::easeOut(), 1.0};
     std::string currentPrimary;
-    std::string previousPrimary;  // fading out while `textFade` runs
+    std::string previousPrimary;  // giving way to the current one while `text` runs
     CellLook shown;               // the look last asked to be painted
   };
 
@@ -91,8 +92,8 @@ class UsageView : public QWidget {
   void advance(double now);
   bool anyRunning(double now) const;
   CellLook lookAt(const CellMotion& motion, double now) const;
-  // How far the new value text has faded in, in the steps of `CellLook`.
-  static long textFadeStep(const CellMotion& motion, double now);
+  // How far the value text's transition has come, in the steps of `ValueTransition`.
+  static long textStep(const CellMotion& motion, double now);
   // How many frames from `now` until one would paint something new; none when everything
   // arrives without another change a viewer could see.
   std::optional<int> framesUntilNextLook(double now) const;
@@ -116,8 +117,7 @@ class UsageView : public QWidget {
   int columns_;
   double cellWidth_;
   UsageTypography typography_;
-  double headerHeight_ = 0.0;
-  CellGeometry cell_;  // the inside of every cell, which depends only on the two above
+  CellGeometry cell_;  // the inside of every cell, which depends only on the width
   MetricSample sample_;
   std::vector<MetricKind> order_ = MetricKind::defaultOrder();
   bool useFahrenheit_ = false;
@@ -127,7 +127,7 @@ class UsageView : public QWidget {
   std::map<MetricKind::Value, CellMotion> motion_;
   FrameTimer frameTimer_{frameIntervalMs};
   ShapedLines labels_;
-  ShapedLines values_;
+  ValueTextRenderer values_;
   ShapedLines details_;
 };
 

@@ -9,6 +9,7 @@
 
 #include "PaintRecorder.h"
 #include "ReferenceImage.h"
+#include "ReferenceTypography.h"
 #include "panel/PanelState.h"
 #include "panel/views/QtGeometry.h"
 #include "panel/views/RootView.h"
@@ -37,7 +38,7 @@ MetricSample sample() {
 class PanelWithGridTest : public ::testing::Test {
  protected:
   PanelWithGridTest() {
-    grid = new UsageView(3, 172.0, UsageTypography{"DejaVu Sans", "DejaVu Sans Mono"});
+    grid = new UsageView(3, 172.0, testing::designedTypography());
     grid->setSample(sample());
     view = std::make_unique<RootView>(state, RootViewMetrics::forNotch({185.0, 32.0}), grid);
     view->frameTimer().setClock([this] { return now; });
@@ -234,11 +235,21 @@ TEST_F(OpenPanelTest, AChangeTooSmallToSeeIsTakenWithoutFrames) {
   EXPECT_EQ(grid->shownBarValue(MetricKind::cpu), 0.2301);
 }
 
-TEST_F(OpenPanelTest, NewValueTextCrossFadesInFourFrames) {
-  grid->setUseFahrenheit(true);  // a new temperature text, the same bar
+TEST_F(OpenPanelTest, ANewValueTextPaintsOnlyItsSteps) {
+  MetricSample next = sample();
+  next.cpu = 0.2351;  // "24%", the bar within its pixel: only the text moves
+  grid->setSample(next);
   const auto [frames, eachPainted] = runFrames();
-  EXPECT_EQ(frames, 4);
+  EXPECT_GE(frames, 3);
+  EXPECT_LE(frames, ValueTransition::steps);
   EXPECT_TRUE(eachPainted);
+}
+
+TEST_F(OpenPanelTest, ANewTemperatureUnitIsPaintedOnceWithoutFrames) {
+  grid->setUseFahrenheit(true);  // a new temperature text, the same value
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(grid->isAnimating());
+  EXPECT_EQ(paints.count(), 1);
 }
 
 TEST_F(OpenPanelTest, AnimationsEndExactlyOnTheNewValues) {
@@ -252,7 +263,7 @@ TEST_F(OpenPanelTest, AnimationsEndExactlyOnTheNewValues) {
   // The same panel given the new values straight away.
   PanelState openState;
   openState.setOpen(true);
-  auto* direct = new UsageView(3, 172.0, UsageTypography{"DejaVu Sans", "DejaVu Sans Mono"});
+  auto* direct = new UsageView(3, 172.0, testing::designedTypography());
   direct->setSample(next);
   RootView still(openState, RootViewMetrics::forNotch({185.0, 32.0}), direct);
   QImage expected(still.size(), QImage::Format_ARGB32_Premultiplied);

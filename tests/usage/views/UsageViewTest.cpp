@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "ReferenceImage.h"
+#include "ReferenceTypography.h"
 #include "usage/Theme.h"
 #include "usage/UsageColors.h"
 #include "usage/views/QtColor.h"
@@ -15,11 +16,6 @@ namespace brimly {
 namespace {
 
 constexpr double gib = 1024.0 * 1024.0 * 1024.0;
-
-// The fonts the references are drawn with (fonts-dejavu-core), whatever else is installed.
-UsageTypography testTypography() {
-  return {"DejaVu Sans", "DejaVu Sans Mono"};
-}
 
 MetricSample busyLaptop() {
   MetricSample sample;
@@ -82,7 +78,7 @@ QColor brightest(const QImage& image, QRect area) {
 
 class UsageViewTest : public ::testing::Test {
  protected:
-  UsageViewTest() : view(3, 172.0, testTypography()) {
+  UsageViewTest() : view(3, 172.0, testing::designedTypography()) {
     view.frameTimer().setClock([this] { return now; });
   }
 
@@ -103,10 +99,8 @@ class UsageViewTest : public ::testing::Test {
   UsageView view;
 };
 
-TEST_F(UsageViewTest, HeaderRowIsTheTallerFontLineInWholePoints) {
-  EXPECT_EQ(view.headerHeight(), std::ceil(view.headerHeight()));
-  EXPECT_GE(view.headerHeight(), 13.0);
-  EXPECT_LE(view.headerHeight(), 18.0);
+TEST_F(UsageViewTest, HeaderRowIsTheValuesLineInWholePoints) {
+  EXPECT_EQ(view.headerHeight(), 16.0);  // 13-point text set 1.2 times its size, rounded up
 }
 
 TEST_F(UsageViewTest, ThreeColumnsOfSixCellsMakeTwoRowsInThe580PointFrame) {
@@ -260,13 +254,26 @@ TEST_F(UsageViewTest, UnchangedSampleDoesNotAnimate) {
   EXPECT_FALSE(view.isAnimating());
 }
 
-TEST_F(UsageViewTest, ChangedValueTextCrossFades) {
-  view.setSample(busyLaptop());
+TEST_F(UsageViewTest, ANewValueTextTakesAQuarterSecond) {
+  MetricSample next = busyLaptop();
+  next.cpu = 0.422;
+  view.setSample(next);
   view.show();
-  view.setUseFahrenheit(true);  // new text, same bar
+  next.cpu = 0.4225;  // still "42%", and the bar within its pixel: nothing to animate
+  view.setSample(next);
+  EXPECT_FALSE(view.isAnimating());
+  next.cpu = 0.426;  // "43%", the bar still within its pixel: only the text moves
+  view.setSample(next);
   EXPECT_TRUE(view.isAnimating());
   now += 0.25;
   view.frameTimer().tick();
+  EXPECT_FALSE(view.isAnimating());
+}
+
+TEST_F(UsageViewTest, AnotherTemperatureUnitIsNotAValueChange) {
+  view.setSample(busyLaptop());
+  view.show();
+  view.setUseFahrenheit(true);  // a new text for the same value
   EXPECT_FALSE(view.isAnimating());
 }
 
@@ -298,6 +305,17 @@ TEST_F(UsageViewTest, MatchesTheReferenceRenderings) {
   view.setMetricOrder({MetricKind::pwr, MetricKind::gpu, MetricKind::cpu, MetricKind::temp});
   view.setSample(charging);
   EXPECT_TRUE(testing::matchesReference(renderOnBlack(view), dir + "/usage-grid-four.png"));
+}
+
+// Where neither designed face is installed the grid still draws in plain weights, never in a
+// borrowed heavy bold, and the placeholder dash still reads as a dash ("GPU" below).
+TEST_F(UsageViewTest, MatchesTheReferenceRenderingInTheFallbackFaces) {
+  UsageView fallback(3, 172.0, testing::fallbackTypography());
+  MetricSample sample = busyLaptop();
+  sample.gpu.reset();
+  fallback.setSample(sample);
+  EXPECT_TRUE(testing::matchesReference(
+      renderOnBlack(fallback), QString(BRIMLY_REFERENCE_DIR) + "/usage-grid-fallback.png"));
 }
 
 }  // namespace

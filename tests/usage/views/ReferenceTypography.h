@@ -1,0 +1,18 @@
+#pragma once
+
+#include "usage/views/UsageTypography.h"
+
+namespace brimly::testing {
+
+// The faces the panel is drawn in on Linux (fonts-quicksand, fonts-jetbrains-mono), named rather
+// than looked up, so that the references do not depend on what else is installed.
+inline UsageTypography designedTypography() {
+  return {"Quicksand", "JetBrains Mono", QFont::Bold};
+}
+
+// What the panel falls back to where neither is installed (fonts-dejavu-core).
+inline UsageTypography fallbackTypography() {
+  return {"DejaVu Sans", "DejaVu Sans Mono"};
+}
+
+}  // namespace brimly::testing
