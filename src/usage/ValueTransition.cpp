@@ -15,16 +15,15 @@ struct Look {
 };
 
 // The moving characters' look at each step before the last. Leaving, they rise and fade but are
-// still there at the last step of their half; arriving, they come up from below and are already
-// there at the first step of theirs: no step shows neither text.
+// still there; arriving, they come up from below and are already there: no step shows neither
+// text. One step each way is enough to see where the change is, and each step is a repaint of a
+// panel that may stay pinned open all day.
 constexpr std::array<Look, ValueTransition::steps> looks{{
-    {1.0, 0.0},     // the previous text as it was
-    {0.6, 0.05},    // leaving
-    {0.25, 0.1},    //
-    {0.4, -0.08},   // arriving
-    {0.75, -0.04},  //
+    {1.0, 0.0},    // the previous text as it was
+    {0.4, 0.08},   // leaving
+    {0.5, -0.06},  // arriving
 }};
-constexpr int firstArrivingStep = 3;
+constexpr int firstArrivingStep = 2;
 
 }  // namespace
 

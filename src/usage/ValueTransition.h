@@ -31,9 +31,9 @@ class ValueTransition {
     bool operator==(const Drawn&) const = default;
   };
 
-  // Step 0 shows the previous text as it was and `steps` the current one at rest; steps 1 and 2
-  // take the old characters away, 3 and 4 bring the new ones in.
-  static constexpr int steps = 5;
+  // Step 0 shows the previous text as it was and `steps` the current one at rest; step 1 takes
+  // the old characters away and step 2 brings the new ones in.
+  static constexpr int steps = 3;
 
   ValueTransition(std::vector<Character> previous, std::vector<Character> current);
 

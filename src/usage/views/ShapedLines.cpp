@@ -53,7 +53,7 @@ const ShapedLines::Line& ShapedLines::line(const QString& text, const QFont& fon
   shaped.advance = textLine.horizontalAdvance();
   shaped.layoutAscent = textLine.ascent();
   shaped.glyphs = textLine.glyphRuns();
-  for (qsizetype i = 0; i < shown.size(); ++i) {
+  for (qsizetype i = 0; byCharacter_ && i < shown.size(); ++i) {
     const int at = static_cast<int>(i);
     shaped.characters.push_back(
         {shown.at(i).unicode(), textLine.cursorToX(at), textLine.glyphRuns(at, 1)});

@@ -33,8 +33,11 @@ class ShapedLines {
     double advance = 0.0;  // how far the pen moves over the line
     double layoutAscent = 0.0;
     QList<QGlyphRun> glyphs;
-    std::vector<Character> characters;
+    std::vector<Character> characters;  // only when shaped by character
   };
+
+  // With `byCharacter`, every line also keeps each character's own glyphs.
+  explicit ShapedLines(bool byCharacter = false) : byCharacter_(byCharacter) {}
 
   // `text` in `font` on `device`, no wider than `maxWidth`, with any em dash in `dashFont` where
   // one is given. The font's ascent and height are those of every line of it.
@@ -50,6 +53,7 @@ class ShapedLines {
   // Values change every sample, so the set is emptied now and then rather than growing.
   static constexpr qsizetype capacity = 64;
 
+  bool byCharacter_;
   std::optional<QFont> font_;
   std::optional<QFont> dashFont_;
   double maxWidth_ = unlimited;

@@ -30,7 +30,7 @@ QFont fontOf(const QString& family, double pixels, QFont::Weight weight, const Q
              QFont::StyleHint hint) {
   QFont font(family);
   font.setStyleHint(hint);
-  font.setWeight(availableWeight(family, weight));
+  font.setWeight(weight);
   const int dpi = device.logicalDpiY() > 0 ? device.logicalDpiY() : 96;
   font.setPointSizeF(pixels * 72.0 / dpi);
   return font;
@@ -65,7 +65,17 @@ UsageTypography UsageTypography::system() {
     labelFamily = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
   QString monospace = QString::fromLatin1(firstInstalled({{"SF Mono"}, {"JetBrains Mono"}}).family);
   if (monospace.isEmpty()) monospace = QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
-  return {labelFamily, monospace, label.labelWeight};
+  return of(labelFamily, monospace, label.labelWeight);
+}
+
+UsageTypography UsageTypography::of(const QString& label, const QString& monospace,
+                                    QFont::Weight labelWeight) {
+  return {label,
+          monospace,
+          availableWeight(label, labelWeight),
+          availableWeight(monospace, QFont::Medium),
+          availableWeight(monospace, QFont::Normal),
+          availableWeight(label, QFont::Medium)};
 }
 
 QFont UsageTypography::labelFont(const QPaintDevice& device) const {
@@ -75,15 +85,15 @@ QFont UsageTypography::labelFont(const QPaintDevice& device) const {
 }
 
 QFont UsageTypography::valueFont(const QPaintDevice& device) const {
-  return fontOf(monospaceFamily, valueSize, QFont::Medium, device, QFont::Monospace);
+  return fontOf(monospaceFamily, valueSize, valueWeight, device, QFont::Monospace);
 }
 
 QFont UsageTypography::detailFont(const QPaintDevice& device) const {
-  return fontOf(monospaceFamily, detailSize, QFont::Normal, device, QFont::Monospace);
+  return fontOf(monospaceFamily, detailSize, detailWeight, device, QFont::Monospace);
 }
 
 QFont UsageTypography::dashFont(const QPaintDevice& device) const {
-  return fontOf(labelFamily, valueSize, QFont::Medium, device, QFont::SansSerif);
+  return fontOf(labelFamily, valueSize, dashWeight, device, QFont::SansSerif);
 }
 
 }  // namespace brimly

@@ -12,8 +12,8 @@ namespace brimly {
 //   label:  9.5, semibold, a rounded face where one is installed, tracking 0.7
 //   value:  13, medium, monospaced (its em dash in the label's face: see `dashFont`)
 //   detail: 9.5, regular, monospaced
-// A family without a semibold or medium face is drawn at the nearest lighter weight it has: a
-// synthesised or borrowed bold is far heavier than the design.
+// A family without a semibold or medium face is drawn at the nearest lighter weight it has (see
+// `of`): a synthesised or borrowed bold is far heavier than the design.
 struct UsageTypography {
   static constexpr double labelSize = 9.5;
   static constexpr double labelTracking = 0.7;
@@ -27,9 +27,17 @@ struct UsageTypography {
 
   QString labelFamily;
   QString monospaceFamily;
-  // Semibold, or what in `labelFamily` looks like it.
+  // Semibold, medium and regular, or the faces of the families that stand in for them.
   QFont::Weight labelWeight = QFont::DemiBold;
+  QFont::Weight valueWeight = QFont::Medium;
+  QFont::Weight detailWeight = QFont::Normal;
+  QFont::Weight dashWeight = QFont::Medium;  // of `labelFamily`
 
+  // `label` and `monospace`, each weight the heaviest no heavier than asked that the family has a
+  // face of (looked up here once: fonts are made on every paint). `labelWeight` stands in for
+  // semibold in a family whose own weights are drawn lighter or heavier than usual.
+  static UsageTypography of(const QString& label, const QString& monospace,
+                            QFont::Weight labelWeight = QFont::DemiBold);
   // The families this machine offers, the first installed of: for labels macOS's rounded system
   // face, Quicksand (fonts-quicksand) or another rounded sans-serif, Inter (fonts-inter), then
   // the default sans-serif; for

@@ -41,7 +41,7 @@ class ValueTextRenderer {
   QPointF lineOrigin(const ShapedLines::Line& line, const CellGeometry& cell, double lift) const;
 
   UsageTypography typography_;
-  ShapedLines lines_;
+  ShapedLines lines_{true};
 };
 
 }  // namespace brimly

@@ -220,7 +220,7 @@ TEST_F(OpenPanelTest, FramesThatWouldShowNothingNewAreSkipped) {
   next.cpu = 0.25;  // the bar grows by 3.4 points: a few steps, most of them early
   grid->setSample(next);
   const auto [frames, eachPainted] = runFrames();
-  EXPECT_LT(frames, 15);  // half a second at 30 frames a second, had every frame been drawn
+  EXPECT_LT(frames, 10);  // half a second at 20 frames a second, had every frame been drawn
   EXPECT_TRUE(eachPainted);
   EXPECT_EQ(grid->shownBarValue(MetricKind::cpu), 0.25);
 }
