@@ -17,8 +17,8 @@ namespace brimly {
 std::optional<std::string> desktopProblem(const std::vector<std::string>& arguments);
 
 // Before the Qt application exists: asks Qt for the platform plugin the panel works best with,
-// unless the user chose one, and makes the display named on the command line the one every
-// connection of the program opens.
+// and for the cheapest way to put small repaints on screen, unless the user chose otherwise, and
+// makes the display named on the command line the one every connection of the program opens.
 void choosePlatformPlugin(const std::vector<std::string>& arguments);
 
 // The integration for the desktop the running Qt application talks to; called after the

@@ -15,6 +15,7 @@
 #include "app/ProcessSetup.h"
 #include "app/QuitOnSignals.h"
 #include "artwork/Symbols.h"
+#include "core/BuildInfo.h"
 #include "platform/KeyValueStore.h"
 #include "platform/SystemPlatform.h"
 
@@ -43,6 +44,8 @@ int main(int argc, char** argv) {
   const QuitOnSignals quitOnSignals;
   QApplication::setApplicationName("Brimly");
   QApplication::setApplicationVersion(QString::fromStdString(applicationShortVersion()));
+  // Lets Linux desktops match Brimly's windows to its installed desktop entry.
+  QApplication::setDesktopFileName(QString::fromLatin1(BuildInfo::bundleIdentifier));
   QApplication::setWindowIcon(applicationIcon());
   // An accessory: no window of its own in the task bar, and closing one never ends the program.
   QApplication::setQuitOnLastWindowClosed(false);
