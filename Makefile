@@ -35,6 +35,8 @@ footprint: build
 audit: build
 	@cmake --build --preset $(PRESET) --target audit
 
+# Linux: a Debian package (build/<preset>/brimly_<version>_<architecture>.deb) with the program,
+# its desktop entry, AppStream metadata and icons; scripts/check-package checks it.
 # macOS: a disk image (build/<preset>/Brimly-<version>-macOS-arm64.dmg) with Brimly.app made
 # self-contained (Qt deployed into it) and signed ad hoc. A build that defines no package says so.
 package: build
