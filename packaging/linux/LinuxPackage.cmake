@@ -17,7 +17,7 @@ set(BRIMLY_MAINTAINER "The Brimly developers <maintainers@brimly.app>")
 
 # Packages the .deb recommends: the typefaces Brimly's text is set in. Qt falls back to other
 # installed fonts without them, so they are recommended rather than required.
-set(BRIMLY_DEBIAN_RECOMMENDS fonts-inter fonts-jetbrains-mono)
+set(BRIMLY_DEBIAN_RECOMMENDS fonts-quicksand fonts-jetbrains-mono)
 # Packages the .deb needs beyond the libraries the program links to (those are found by
 # dpkg-shlibdeps): Qt's X11 platform plug-in, without which no window or tray item can show. Debian
 # makes it only a recommendation of libqt6gui6.
