@@ -82,8 +82,9 @@ void AppDelegate::recomputeNotch() {
 }
 
 void AppDelegate::buildWindow() {
-  window_ = std::make_unique<PanelWindow>(
-      panelState_, notchSize_, [this]() -> QWidget* { return makePanelGrid(monitor_, settings_); });
+  window_ = std::make_unique<PanelWindow>(panelState_, notchSize_, [this]() -> QWidget* {
+    return makePanelGrid(monitor_, settings_, panelState_);
+  });
   window_->setWindowTitle("Brimly");
   window_->winId();  // the native window, so that the desktop's hints go on before it is shown
   desktop_.prepareOverlay(*window_);

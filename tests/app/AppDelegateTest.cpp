@@ -183,11 +183,12 @@ TEST_F(AppDelegateTest, HoverNoticeIsAskedForOnceAtLaunch) {
   EXPECT_EQ(desktop_.noticeRequests, 1);
 }
 
-TEST_F(AppDelegateTest, GridShowsTheMonitorsSamplesInTheSettingsOrder) {
+TEST_F(AppDelegateTest, OpenPanelsGridShowsTheMonitorsSamplesInTheSettingsOrder) {
   AppDelegate& delegate = launch();
   ASSERT_NE(grid(), nullptr);
   bool applied = false;
   QObject::connect(&delegate.monitor(), &SystemMonitor::sampleApplied, [&] { applied = true; });
+  delegate.proximity().handleProximity(true);  // opens, and takes a fresh sample at once
   ASSERT_TRUE(QTest::qWaitFor([&] { return applied; }, 5000));
 
   const std::vector<MetricKind>& order = delegate.settings().metricOrder();
