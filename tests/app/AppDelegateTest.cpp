@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
+#include <QImage>
 #include <QScreen>
 #include <QTest>
 
@@ -118,6 +119,21 @@ TEST_F(AppDelegateTest, LaunchShowsTheClosedPanelAtTheTopCentreOfTheScreen) {
   EXPECT_EQ(delegate.window()->geometry(), panelGeometry());
   EXPECT_EQ(delegate.notchSize(), (Size{200, 32}));
   EXPECT_FALSE(delegate.panelState().isOpen());
+}
+
+TEST_F(AppDelegateTest, OnAScreenWithoutANotchTheClosedPanelDrawsNothing) {
+  AppDelegate& delegate = launch();
+  ASSERT_NE(delegate.window()->rootView(), nullptr);
+  EXPECT_FALSE(delegate.window()->rootView()->metrics().hasNotch);
+  QImage image(delegate.window()->size(), QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  delegate.window()->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+  int drawn = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x)
+      drawn += qAlpha(image.pixel(x, y)) != 0 ? 1 : 0;
+  }
+  EXPECT_EQ(drawn, 0);
 }
 
 TEST_F(AppDelegateTest, DesktopHintsGoOnTheNativeWindowBeforeItIsShown) {

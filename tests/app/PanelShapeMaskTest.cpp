@@ -24,7 +24,7 @@ class PanelShapeMaskTest : public ::testing::Test {
 
   double now_ = 100.0;
   PanelState state_;
-  PanelWindow window_{state_, Size{200, 32}};
+  PanelWindow window_{state_, Size{200, 32}, true};
 };
 
 TEST_F(PanelShapeMaskTest, PanelOpenedBeforeItsFirstFrameIsCutToTheOpenCard) {
@@ -40,7 +40,7 @@ TEST_F(PanelShapeMaskTest, PanelOpenedBeforeItsFirstFrameIsCutToTheOpenCard) {
 
 TEST_F(PanelShapeMaskTest, ResizedWindowIsCutAgain) {
   PanelShapeMask mask(window_);
-  window_.rebuildRootView(Size{240, 40});
+  window_.rebuildRootView(Size{240, 40}, true);
   useManualClock();
   mask.follow();
   EXPECT_EQ(mask.region().boundingRect(), QRect(180, 0, 240, 40));
@@ -107,7 +107,7 @@ TEST_F(PanelShapeMaskTest, MidAnimationTheMaskFollowsTheMovingCard) {
 
 TEST_F(PanelShapeMaskTest, RebuiltRootViewIsFollowedAfterwards) {
   PanelShapeMask mask(window_);
-  window_.rebuildRootView(Size{200, 32});
+  window_.rebuildRootView(Size{200, 32}, true);
   useManualClock();
   mask.follow();
   state_.setOpen(true);
