@@ -83,7 +83,8 @@ void AppDelegate::recomputeNotch() {
 
 void AppDelegate::buildWindow() {
   window_ = std::make_unique<PanelWindow>(
-      panelState_, notchSize_, [this]() -> QWidget* { return makePanelGrid(monitor_, settings_); });
+      panelState_, notchSize_, placement_.hasNotch,
+      [this]() -> QWidget* { return makePanelGrid(monitor_, settings_, panelState_); });
   window_->setWindowTitle("Brimly");
   window_->winId();  // the native window, so that the desktop's hints go on before it is shown
   desktop_.prepareOverlay(*window_);
@@ -226,7 +227,7 @@ void AppDelegate::queueScreenParamsChanged() {
 void AppDelegate::screenParamsChanged() {
   recomputeNotch();
   if (window_) {
-    window_->rebuildRootView(notchSize_);
+    window_->rebuildRootView(notchSize_, placement_.hasNotch);
     desktop_.rootViewReplaced(*window_);
   }
   applyTrackerGeometry();

@@ -41,22 +41,24 @@ QRegion PanelShapeMask::regionFor(const QPainterPath& path, const QSize& windowS
     // antialiased edge touches.
     if (fit == Fit::withEdge) painter.strokePath(path, QPen(Qt::color1, 2.0));
   }
-  QRegion region(bitmap);
-  // An empty mask would mean "no mask" to Qt: the whole window. Keep one pixel instead.
-  if (region.isEmpty()) region = QRegion(0, 0, 1, 1);
-  return region;
+  return QRegion(bitmap);
 }
 
 void PanelShapeMask::update() {
   const RootView* view = window_.rootView();
   if (view == nullptr) return;
-  const Rect card = view->cardFrame();
-  QPainterPath path = toPainterPath(RootView::outline.path(card));
-  path.translate(card.x + view->x(), card.y + view->y());
-  const QRegion region = regionFor(path, window_.size(), fit_);
-  if (region == region_) return;
+  QRegion region;
+  if (view->cardOpacity() > 0.0) {
+    const Rect card = view->cardFrame();
+    QPainterPath path = toPainterPath(RootView::outline.path(card));
+    path.translate(card.x + view->x(), card.y + view->y());
+    region = regionFor(path, window_.size(), fit_);
+  }
   region_ = region;
-  window_.setMask(region_);
+  // Qt reads an empty mask as no mask at all: the whole window. The X server cuts a window's
+  // shape to the window itself, so a pixel just outside it leaves nothing that shows.
+  const QRegion shape = region_.isEmpty() ? QRegion(-1, -1, 1, 1) : region_;
+  if (window_.mask() != shape) window_.setMask(shape);
 }
 
 }  // namespace brimly

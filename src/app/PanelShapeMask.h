@@ -17,7 +17,8 @@ class PanelWindow;
 // pixels show black, and the whole 600-wide panel would be a black slab; the cut then follows the
 // card exactly. With one, the cut keeps a pixel all round the card, so that the compositor still
 // blends the card's antialiased edge, and should the compositor go away the window is already no
-// bigger than the card: nothing black ever shows beyond it.
+// bigger than the card: nothing black ever shows beyond it. A card that is not drawn at all (closed
+// on a screen without a notch) cuts the window to nothing.
 class PanelShapeMask : public QObject {
   Q_OBJECT
 
@@ -34,9 +35,10 @@ class PanelShapeMask : public QObject {
   // Switches between the two cuts at once.
   void setFit(Fit fit);
   Fit fit() const { return fit_; }
+  // The part of the window that shows; empty when nothing does.
   const QRegion& region() const { return region_; }
 
-  // The cut for a card `path` (window coordinates) in a window of `windowSize`; never empty.
+  // The cut for a card `path` (window coordinates) in a window of `windowSize`.
   static QRegion regionFor(const QPainterPath& path, const QSize& windowSize, Fit fit);
 
  private:

@@ -18,7 +18,7 @@ std::optional<ScreenDescription> NotchGeometry::notchScreen(
     const std::vector<ScreenDescription>& screens,
     const std::optional<ScreenDescription>& mainScreen) {
   for (const auto& screen : screens) {
-    if (screen.safeAreaInsets.top > 0) return screen;
+    if (screen.hasCameraHousing()) return screen;
   }
   return mainScreen;
 }
@@ -64,6 +64,7 @@ NotchPlacement NotchGeometry::place(const ScreenPort& screens, Size previousNotc
       recomputeNotch(placement.screen, screens.statusBarThickness(), previousNotchSize);
   std::optional<Rect> frame;
   if (placement.screen) {
+    placement.hasNotch = placement.screen->hasCameraHousing();
     frame = placement.screen->frame;
     placement.panelFrame = panelFrame(*frame, placement.notchSize);
   }

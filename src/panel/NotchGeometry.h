@@ -15,6 +15,10 @@ struct NotchPlacement {
   std::optional<ScreenDescription> screen;
   // The measured notch, or the previous size when there is no screen.
   Size notchSize;
+  // Whether that screen has a camera housing, which hides the closed card; false without a screen.
+  // Without a housing the notch size only says where the card grows from and where the pointer
+  // opens it.
+  bool hasNotch = false;
   // Where the panel goes; none when there is no screen (the panel then keeps its frame).
   std::optional<Rect> panelFrame;
   TrackerGeometry tracker;
@@ -42,8 +46,7 @@ class NotchGeometry final {
   // The notch size assumed before the first measurement.
   static constexpr Size initialNotchSize{fallbackNotchWidth, fallbackNotchHeight};
 
-  // The first screen with a top safe-area inset above 0 (it has a camera housing), else the main
-  // screen, which may be absent.
+  // The first screen with a camera housing, else the main screen, which may be absent.
   static std::optional<ScreenDescription> notchScreen(
       const std::vector<ScreenDescription>& screens,
       const std::optional<ScreenDescription>& mainScreen);

@@ -1,15 +1,22 @@
 #include "panel/RootViewMetrics.h"
 
+#include "panel/TimingCurve.h"
+
 namespace brimly {
 
-RootViewMetrics RootViewMetrics::forNotch(Size notch) {
-  return {notch.height, notch.width, openWidth, notch.height + contentHeight};
+RootViewMetrics RootViewMetrics::forNotch(Size notch, bool hasNotch) {
+  return {notch.height, notch.width, openWidth, notch.height + contentHeight, hasNotch};
 }
 
 Rect RootViewMetrics::cardFrame(double viewWidth, double openness) const {
   const double width = notchWidth + (expandedWidth - notchWidth) * openness;
   const double height = notchInsetTop + (expandedHeight - notchInsetTop) * openness;
   return {(viewWidth - width) / 2.0, 0.0, width, height};
+}
+
+double RootViewMetrics::cardOpacity(double openness) const {
+  if (hasNotch) return 1.0;
+  return TimingCurve::easeInOut()(openness / fadeInOpenness);
 }
 
 Rect RootViewMetrics::contentFrame(double viewWidth) const {

@@ -12,6 +12,8 @@ class TimingCurve {
 
   // Quick start, gentle arrival: control points (0, 0) and (0.58, 1).
   static constexpr TimingCurve easeOut() { return TimingCurve(0.0, 0.0, 0.58, 1.0); }
+  // Gentle start and gentle arrival: control points (0.42, 0) and (0.58, 1).
+  static constexpr TimingCurve easeInOut() { return TimingCurve(0.42, 0.0, 0.58, 1.0); }
   static constexpr TimingCurve linear() { return TimingCurve(0.0, 0.0, 1.0, 1.0); }
 
   // The fraction travelled after `elapsed` of the duration; `elapsed` is clamped to [0, 1].

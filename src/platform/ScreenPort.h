@@ -16,6 +16,10 @@ struct ScreenDescription {
   std::optional<Rect> auxiliaryTopLeftArea;
   std::optional<Rect> auxiliaryTopRightArea;
 
+  // Whether the screen has a camera housing: only such a screen reports a top safe-area inset.
+  // Every other screen, every Linux screen among them, has its notch size made up from defaults.
+  bool hasCameraHousing() const { return safeAreaInsets.top > 0; }
+
   bool operator==(const ScreenDescription&) const = default;
 };
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
+#include <QImage>
 #include <QScreen>
 #include <QTest>
 
@@ -120,6 +121,21 @@ TEST_F(AppDelegateTest, LaunchShowsTheClosedPanelAtTheTopCentreOfTheScreen) {
   EXPECT_FALSE(delegate.panelState().isOpen());
 }
 
+TEST_F(AppDelegateTest, OnAScreenWithoutANotchTheClosedPanelDrawsNothing) {
+  AppDelegate& delegate = launch();
+  ASSERT_NE(delegate.window()->rootView(), nullptr);
+  EXPECT_FALSE(delegate.window()->rootView()->metrics().hasNotch);
+  QImage image(delegate.window()->size(), QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  delegate.window()->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+  int drawn = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x)
+      drawn += qAlpha(image.pixel(x, y)) != 0 ? 1 : 0;
+  }
+  EXPECT_EQ(drawn, 0);
+}
+
 TEST_F(AppDelegateTest, DesktopHintsGoOnTheNativeWindowBeforeItIsShown) {
   launch();
   EXPECT_EQ(desktop_.prepareCalls, 1);
@@ -183,11 +199,12 @@ TEST_F(AppDelegateTest, HoverNoticeIsAskedForOnceAtLaunch) {
   EXPECT_EQ(desktop_.noticeRequests, 1);
 }
 
-TEST_F(AppDelegateTest, GridShowsTheMonitorsSamplesInTheSettingsOrder) {
+TEST_F(AppDelegateTest, OpenPanelsGridShowsTheMonitorsSamplesInTheSettingsOrder) {
   AppDelegate& delegate = launch();
   ASSERT_NE(grid(), nullptr);
   bool applied = false;
   QObject::connect(&delegate.monitor(), &SystemMonitor::sampleApplied, [&] { applied = true; });
+  delegate.proximity().handleProximity(true);  // opens, and takes a fresh sample at once
   ASSERT_TRUE(QTest::qWaitFor([&] { return applied; }, 5000));
 
   const std::vector<MetricKind>& order = delegate.settings().metricOrder();

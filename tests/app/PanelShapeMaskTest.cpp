@@ -9,8 +9,10 @@
 namespace brimly {
 namespace {
 
-// The panel for a 200 x 32 notch is 600 x 148; the closed card covers the notch at its top centre.
-class PanelShapeMaskTest : public ::testing::Test {
+// The panel for a 200 x 32 notch is 600 x 148; the closed card covers the notch at its top centre,
+// where a camera housing hides it (`hasNotch`), or is not drawn at all.
+template <bool hasNotch>
+class PanelShapeMaskFixture : public ::testing::Test {
  protected:
   void SetUp() override { useManualClock(); }
   void useManualClock() {
@@ -24,8 +26,16 @@ class PanelShapeMaskTest : public ::testing::Test {
 
   double now_ = 100.0;
   PanelState state_;
-  PanelWindow window_{state_, Size{200, 32}};
+  PanelWindow window_{state_, Size{200, 32}, hasNotch};
 };
+
+using PanelShapeMaskTest = PanelShapeMaskFixture<true>;
+using PanelShapeMaskWithoutNotchTest = PanelShapeMaskFixture<false>;
+
+// Whether the window's shape, as Qt was given it, leaves any part of the window showing.
+bool showsAnything(const QWidget& window) {
+  return window.mask().isEmpty() || !window.mask().intersected(window.rect()).isEmpty();
+}
 
 TEST_F(PanelShapeMaskTest, PanelOpenedBeforeItsFirstFrameIsCutToTheOpenCard) {
   // A panel pinned at launch: shown, then opened before anything is drawn. The card jumps
@@ -40,7 +50,7 @@ TEST_F(PanelShapeMaskTest, PanelOpenedBeforeItsFirstFrameIsCutToTheOpenCard) {
 
 TEST_F(PanelShapeMaskTest, ResizedWindowIsCutAgain) {
   PanelShapeMask mask(window_);
-  window_.rebuildRootView(Size{240, 40});
+  window_.rebuildRootView(Size{240, 40}, true);
   useManualClock();
   mask.follow();
   EXPECT_EQ(mask.region().boundingRect(), QRect(180, 0, 240, 40));
@@ -107,12 +117,44 @@ TEST_F(PanelShapeMaskTest, MidAnimationTheMaskFollowsTheMovingCard) {
 
 TEST_F(PanelShapeMaskTest, RebuiltRootViewIsFollowedAfterwards) {
   PanelShapeMask mask(window_);
-  window_.rebuildRootView(Size{200, 32});
+  window_.rebuildRootView(Size{200, 32}, true);
   useManualClock();
   mask.follow();
   state_.setOpen(true);
   settle();
   EXPECT_EQ(mask.region().boundingRect(), QRect(0, 0, 600, 148));
+}
+
+TEST_F(PanelShapeMaskWithoutNotchTest, ClosedPanelIsCutToNothing) {
+  for (const auto fit : {PanelShapeMask::Fit::exact, PanelShapeMask::Fit::withEdge}) {
+    PanelShapeMask mask(window_, fit);
+    EXPECT_TRUE(mask.region().isEmpty());
+    EXPECT_FALSE(showsAnything(window_));
+  }
+}
+
+TEST_F(PanelShapeMaskWithoutNotchTest, OpeningCutsTheWindowToTheGrowingCardAndClosingToNothing) {
+  PanelShapeMask mask(window_);
+  state_.setOpen(true);
+  now_ += 0.05;
+  window_.rootView()->frameTimer().tick();
+  const QRect growing = mask.region().boundingRect();
+  EXPECT_GT(growing.width(), 200);
+  EXPECT_LT(growing.width(), 600);
+  EXPECT_EQ(window_.mask(), mask.region());
+  settle();
+  EXPECT_EQ(mask.region().boundingRect(), QRect(0, 0, 600, 148));
+  state_.setOpen(false);
+  settle();
+  EXPECT_TRUE(mask.region().isEmpty());
+  EXPECT_FALSE(showsAnything(window_));
+}
+
+TEST_F(PanelShapeMaskWithoutNotchTest, SwitchingTheFitKeepsAClosedPanelCutToNothing) {
+  PanelShapeMask mask(window_, PanelShapeMask::Fit::withEdge);
+  mask.setFit(PanelShapeMask::Fit::exact);
+  EXPECT_TRUE(mask.region().isEmpty());
+  EXPECT_FALSE(showsAnything(window_));
 }
 
 }  // namespace

@@ -25,6 +25,7 @@ TEST(QtScreenPortEdge, LinuxScreensHaveNoCameraHousing) {
   EXPECT_EQ(main->safeAreaInsets, EdgeInsets{});
   EXPECT_EQ(main->auxiliaryTopLeftArea, std::nullopt);
   EXPECT_EQ(main->auxiliaryTopRightArea, std::nullopt);
+  EXPECT_FALSE(main->hasCameraHousing());
 }
 
 TEST(QtScreenPortEdge, NoTopPanelMeansNoTopBar) {

@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
 # The whole application on a virtual X11 desktop with a compositing manager: it starts with an
-# empty settings store, shows the closed outline at the top centre, opens into the black card when
-# the pointer reaches the notch, lets a click on the card through to the window beneath, closes
-# again when the pointer leaves, and a second copy started meanwhile leaves at once with status 0.
+# empty settings store, puts its panel at the top centre without drawing anything there while
+# closed (an X11 screen has no notch to hide a black outline in), opens into the black card when
+# the pointer reaches the top centre, lets a click on the card through to the window beneath,
+# closes and vanishes again when the pointer leaves, and a second copy started meanwhile leaves at
+# once with status 0.
 #
 # The screen is read straight from Xvfb's framebuffer file (framebuffer.py), so that timings are
 # not swamped by screen grabs.
@@ -39,6 +41,15 @@ eventually_window() {  # a visible window named exactly $1 appears within 5 s
   for _ in $(seq 100); do xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1 && return 0; sleep 0.05; done
   return 1
 }
+panel_window() { xdotool search --onlyvisible --pid "$app_pid" --name '^Brimly$' 2>/dev/null | head -n1; }
+# Waits (at most 20 s) until Brimly's panel window is mapped; the time lands in $panel_mapped.
+panel_mapped() {
+  for _ in $(seq 400); do
+    [ -n "$(panel_window)" ] && { panel_mapped=$(now); return 0; }
+    sleep 0.05
+  done
+  return 1
+}
 elapsed() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", b - a }'; }
 
 # --- the desktop ---------------------------------------------------------------------------------
@@ -66,23 +77,28 @@ watch_for() { "$fbtool" wait "$fb" $region "$1" "$2" >"$3" 2>"$3.err" & }
 screenshot() { convert "xwd:$fb" -crop "700x200+$((width / 2 - 350))+0" +repage "$1"; }
 
 desktop=$(pixel $((width / 2)) 100)  # what shows where nothing covers it
-closed_box="200x32+$((width / 2 - 100))+0"
 open_box="600x148+$((width / 2 - 300))+0"
+# Where a closed outline would lie (the 200 x 32 notch at the top centre) and around it.
+outline_place=(756 16 660 4 852 4 $((width / 2 - 98)) 16 $((width / 2 + 97)) 16 756 30 756 60)
+# Nothing black shows at those places for $1 seconds.
+stays_clear() {
+  "$fbtool" ever-black "$fb" "$1" "${outline_place[@]}" >"$work/black" 2>&1 && grep -q never "$work/black"
+}
 
 # --- start ---------------------------------------------------------------------------------------
-watch_for "$closed_box" 20 "$work/t-closed"
-watcher=$!
 started=$(now)
 "$app" >"$work/brimly.out" 2>"$work/brimly.err" &
 app_pid=$!
 pids+=($app_pid)
-check "the closed outline (200 x 32) appears at the top centre" wait $watcher
-echo "      on screen $(elapsed "$started" "$(cat "$work/t-closed")") s after start; black box $(black_box)"
-check "below the closed outline the desktop shows through" test "$(pixel 756 60)" = "$desktop"
+check "the panel's window is put on screen" panel_mapped
+echo "      mapped $(elapsed "$started" "$panel_mapped") s after start"
+check "closed, it draws nothing where the outline would be, for a second" stays_clear 1
+check "… nothing black anywhere at the top of the screen" test "$(black_box)" = none
+check "the top centre shows the desktop" test "$(pixel 756 16)" = "$desktop"
 screenshot "$work/closed.png"
 
 # What the window manager is told: a dock, above the rest, on every desktop, in no task bar.
-panel_window=$(xdotool search --onlyvisible --name '^Brimly$' | head -n1)
+panel_window=$(panel_window)
 hints=$(xprop -id "$panel_window" _NET_WM_WINDOW_TYPE _NET_WM_STATE _NET_WM_DESKTOP 2>&1)
 check "the panel is a dock window" grep -q '_NET_WM_WINDOW_TYPE(ATOM) = _NET_WM_WINDOW_TYPE_DOCK' <<<"$hints"
 for state in ABOVE STICKY SKIP_TASKBAR SKIP_PAGER; do
@@ -95,7 +111,7 @@ watch_for "$open_box" 10 "$work/t-open"
 watcher=$!
 entered=$(now)
 xdotool mousemove_relative -- 0 -490
-check "the pointer is in the notch zone" test "$(xdotool getmouselocation | sed 's/.*y:\([0-9]*\).*/\1/')" = 10
+check "the pointer is in the zone at the top centre" test "$(xdotool getmouselocation | sed 's/.*y:\([0-9]*\).*/\1/')" = 10
 check "the card opens to 600 x 148 at the top centre" wait $watcher
 echo "      open $(elapsed "$entered" "$(cat "$work/t-open")") s after the pointer entered; black box $(black_box)"
 sleep 0.5  # let the grid's fade-in finish for the picture
@@ -122,15 +138,16 @@ sleep 0.2
 check "the card stays open after the click" test "$(black_box)" = "$open_box"
 
 # --- close ---------------------------------------------------------------------------------------
-watch_for "$closed_box" 10 "$work/t-closed-again"
+watch_for none 10 "$work/t-closed-again"
 watcher=$!
 left=$(now)
 xdotool mousemove_relative -- 0 500
-check "the card shrinks back to the closed outline once the pointer leaves" wait $watcher
+check "the card shrinks back and vanishes once the pointer leaves" wait $watcher
 close_time=$(elapsed "$left" "$(cat "$work/t-closed-again")")
 # 0.4 s of grace, then the spring settles in well under a second; a loaded machine delays frames.
-echo "      closed ${close_time} s after the pointer left (0.4 s grace, then the spring)"
+echo "      gone ${close_time} s after the pointer left (0.4 s grace, then the spring)"
 check "closing took at most 2.5 s" awk -v t="$close_time" 'BEGIN { exit !(t <= 2.5) }'
+check "closed again, it draws nothing where the outline would be" stays_clear 1
 
 # --- a second instance ---------------------------------------------------------------------------
 second_started=$(now)
@@ -145,15 +162,22 @@ check "the first instance still runs" kill -0 "$app_pid"
 check "the second launch brought up the control card" eventually_window 'Brimly controls'
 xdotool key Escape
 sleep 0.3
-check "the panel is still on screen" test "$(black_box)" = "$closed_box"
+check "the panel's window is still on screen" test -n "$(panel_window)"
+check "… and still draws nothing while closed" test "$(black_box)" = none
 
 # --- the screen changes --------------------------------------------------------------------------
 if command -v xrandr >/dev/null 2>&1; then
-  watch_for "200x32+540+0" 10 "$work/t-resized"
-  watcher=$!
+  centred_on_smaller_screen() {
+    for _ in $(seq 200); do
+      xdotool getwindowgeometry "$(panel_window)" 2>/dev/null | grep -q 'Position: 340,0' && return 0
+      sleep 0.05
+    done
+    return 1
+  }
   xrandr --newmode 1280x800 0 1280 0 0 0 800 0 0 0 2>/dev/null
   xrandr --addmode screen 1280x800 && xrandr --output screen --mode 1280x800
-  check "after the screen shrinks to 1280 x 800 the outline is centred on it again" wait $watcher
+  check "after the screen shrinks to 1280 x 800 the panel is centred on it again" centred_on_smaller_screen
+  check "… and draws nothing while closed" test "$(black_box)" = none
   watch_for "600x148+340+0" 10 "$work/t-resized-open"
   watcher=$!
   xdotool mousemove 640 500

@@ -123,6 +123,14 @@ TEST(NotchGeometry, NoScreenAtAllChoosesNone) {
       NotchGeometry::notchScreen({plainScreen({0, 0, 800, 600})}, std::nullopt).has_value());
 }
 
+TEST(NotchGeometry, OnlyAScreenWithATopInsetHasACameraHousing) {
+  EXPECT_TRUE(notchedScreen({0, 0, 1512, 982}, 32, 185).hasCameraHousing());
+  EXPECT_FALSE(plainScreen({0, 0, 1512, 982}).hasCameraHousing());
+  ScreenDescription unusable = plainScreen({0, 0, 1512, 982});
+  unusable.safeAreaInsets.top = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_FALSE(unusable.hasCameraHousing());
+}
+
 TEST(NotchGeometry, NoScreenKeepsThePreviousNotchSize) {
   EXPECT_EQ(NotchGeometry::recomputeNotch(std::nullopt, 24, {185, 32}), (Size{185, 32}));
   EXPECT_EQ(NotchGeometry::recomputeNotch(std::nullopt, 24, NotchGeometry::initialNotchSize),
@@ -135,6 +143,7 @@ TEST(NotchGeometry, ScreenChangeMovesThePanelToTheNewNotchScreen) {
   desktop.screenList = {notchedScreen({0, 0, 1512, 982}, 32, 185)};
   const auto before = NotchGeometry::place(desktop, NotchGeometry::initialNotchSize);
   EXPECT_EQ(before.panelFrame, (Rect{456, 834, 600, 148}));
+  EXPECT_TRUE(before.hasNotch);
 
   desktop.screenList = {plainScreen({-1920, 200, 1920, 1080}),
                         notchedScreen({0, 0, 1728, 1117}, 38, 190)};
@@ -199,6 +208,7 @@ TEST(NotchGeometry, PlacementWithoutScreensKeepsSizeAndFrameAndLetsTheTrackerSea
   EXPECT_FALSE(placement.screen.has_value());
   EXPECT_EQ(placement.notchSize, (Size{185, 32}));
   EXPECT_FALSE(placement.panelFrame.has_value());
+  EXPECT_FALSE(placement.hasNotch);
   EXPECT_FALSE(placement.tracker.screenFrame.has_value());
   EXPECT_EQ(placement.tracker.triggerWidthHidden, 205);
   EXPECT_EQ(placement.tracker.triggerHeightShown, 162);
@@ -213,6 +223,7 @@ TEST(NotchGeometry, PlacementOnAnExternalMainScreenUsesTheMenuBarAndFallbackWidt
   EXPECT_EQ(placement.notchSize, (Size{200, 25}));
   EXPECT_EQ(placement.panelFrame, (Rect{980, 1440 - 141, 600, 141}));
   EXPECT_EQ(placement.tracker.screenFrame, (Rect{0, 0, 2560, 1440}));
+  EXPECT_FALSE(placement.hasNotch);  // the size is made up: nothing hides the closed card
 }
 
 }  // namespace

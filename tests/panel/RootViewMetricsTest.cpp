@@ -6,30 +6,60 @@ namespace brimly {
 namespace {
 
 TEST(RootViewMetrics, ForANotchTheOpenCardIs600ByNotchHeightPlus116) {
-  const auto metrics = RootViewMetrics::forNotch({185.0, 32.0});
-  EXPECT_EQ(metrics, (RootViewMetrics{32.0, 185.0, 600.0, 148.0}));
+  const auto metrics = RootViewMetrics::forNotch({185.0, 32.0}, true);
+  EXPECT_EQ(metrics, (RootViewMetrics{32.0, 185.0, 600.0, 148.0, true}));
+  EXPECT_FALSE(RootViewMetrics::forNotch({185.0, 32.0}, false).hasNotch);
 }
 
 TEST(RootViewMetrics, ClosedCardCoversTheNotchCentredOnTheTopEdge) {
-  const auto metrics = RootViewMetrics::forNotch({185.0, 32.0});
+  const auto metrics = RootViewMetrics::forNotch({185.0, 32.0}, true);
   EXPECT_EQ(metrics.cardFrame(600.0, 0.0), (Rect{207.5, 0.0, 185.0, 32.0}));
 }
 
 TEST(RootViewMetrics, OpenCardFillsThePanel) {
-  const auto metrics = RootViewMetrics::forNotch({185.0, 32.0});
+  const auto metrics = RootViewMetrics::forNotch({185.0, 32.0}, true);
   EXPECT_EQ(metrics.cardFrame(600.0, 1.0), (Rect{0.0, 0.0, 600.0, 148.0}));
 }
 
 TEST(RootViewMetrics, HalfWayTheCardIsHalfWayInBothDirections) {
-  const auto metrics = RootViewMetrics::forNotch({200.0, 32.0});
+  const auto metrics = RootViewMetrics::forNotch({200.0, 32.0}, true);
   EXPECT_EQ(metrics.cardFrame(600.0, 0.5), (Rect{100.0, 0.0, 400.0, 90.0}));
 }
 
 TEST(RootViewMetrics, ContentKeepsItsFullSizeAndTheGridStartsBelowTheNotchBand) {
-  const auto metrics = RootViewMetrics::forNotch({185.0, 38.0});
+  const auto metrics = RootViewMetrics::forNotch({185.0, 38.0}, true);
   EXPECT_EQ(metrics.contentFrame(600.0), (Rect{0.0, 0.0, 600.0, 154.0}));
   EXPECT_EQ(metrics.contentFrame(700.0), (Rect{50.0, 0.0, 600.0, 154.0}));
   EXPECT_EQ(metrics.gridTop(), 46.0);
+}
+
+TEST(RootViewMetrics, OverANotchTheCardIsAlwaysOpaque) {
+  const auto metrics = RootViewMetrics::forNotch({185.0, 32.0}, true);
+  for (double openness : {0.0, 0.05, 0.5, 1.0})
+    EXPECT_EQ(metrics.cardOpacity(openness), 1.0) << openness;
+}
+
+TEST(RootViewMetrics, WithoutANotchTheClosedCardIsNotDrawn) {
+  const auto metrics = RootViewMetrics::forNotch({200.0, 32.0}, false);
+  EXPECT_EQ(metrics.cardOpacity(0.0), 0.0);
+  EXPECT_EQ(metrics.cardOpacity(-0.01), 0.0);  // a spring settling a hair past closed
+}
+
+TEST(RootViewMetrics, WithoutANotchTheCardEasesInOverTheFirstPartOfTheOpening) {
+  const auto metrics = RootViewMetrics::forNotch({200.0, 32.0}, false);
+  const double span = RootViewMetrics::fadeInOpenness;
+  EXPECT_LT(metrics.cardOpacity(0.05 * span), 0.01);  // a gentle start
+  EXPECT_NEAR(metrics.cardOpacity(0.5 * span), 0.5, 1e-9);
+  EXPECT_GT(metrics.cardOpacity(0.95 * span), 0.99);  // a gentle arrival
+  EXPECT_EQ(metrics.cardOpacity(span), 1.0);
+  EXPECT_EQ(metrics.cardOpacity(0.7), 1.0);
+  EXPECT_EQ(metrics.cardOpacity(1.0), 1.0);
+  double previous = 0.0;
+  for (int step = 1; step <= 40; ++step) {
+    const double opacity = metrics.cardOpacity(span * step / 40.0);
+    EXPECT_GT(opacity, previous) << step;
+    previous = opacity;
+  }
 }
 
 }  // namespace

@@ -40,6 +40,18 @@ TEST(TimingCurve, EaseOutRisesMonotonicallyAndLeadsTheLine) {
   }
 }
 
+TEST(TimingCurve, EaseInOutIsSymmetricAndFlatAtBothEnds) {
+  const auto curve = TimingCurve::easeInOut();
+  EXPECT_EQ(curve(0.0), 0.0);
+  EXPECT_EQ(curve(1.0), 1.0);
+  EXPECT_NEAR(curve(0.5), 0.5, 1e-9);
+  for (double x : {0.1, 0.25, 0.4})
+    EXPECT_NEAR(curve(x), 1.0 - curve(1.0 - x), 1e-9) << x;
+  // Slow at both ends: it lags the line early on and leads it late.
+  EXPECT_LT(curve(0.05), 0.01);
+  EXPECT_GT(curve(0.95), 0.99);
+}
+
 TEST(TimingCurve, LinearIsTheIdentity) {
   const auto curve = TimingCurve::linear();
   for (double x : {0.1, 0.33, 0.5, 0.9})

@@ -15,7 +15,8 @@ int rounded(double points) {
 
 }  // namespace
 
-PanelWindow::PanelWindow(PanelState& state, Size notchSize, GridFactory makeGrid, QWidget* parent)
+PanelWindow::PanelWindow(PanelState& state, Size notchSize, bool hasNotch, GridFactory makeGrid,
+                         QWidget* parent)
     : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                           Qt::WindowDoesNotAcceptFocus | Qt::WindowTransparentForInput |
                           Qt::NoDropShadowWindowHint),
@@ -29,13 +30,14 @@ PanelWindow::PanelWindow(PanelState& state, Size notchSize, GridFactory makeGrid
   setFocusPolicy(Qt::NoFocus);
   const Size size = panelSize(notchSize);
   resize(rounded(size.width), rounded(size.height));
-  rebuildRootView(notchSize);
+  rebuildRootView(notchSize, hasNotch);
 }
 
 PanelWindow::~PanelWindow() = default;
 
 Size PanelWindow::panelSize(Size notchSize) {
-  const RootViewMetrics metrics = RootViewMetrics::forNotch(notchSize);
+  // The open card's size, the same whether or not a housing hides the closed one.
+  const RootViewMetrics metrics = RootViewMetrics::forNotch(notchSize, true);
   return {metrics.expandedWidth, metrics.expandedHeight};
 }
 
@@ -45,9 +47,9 @@ void PanelWindow::setFrame(const Rect& frame) {
   if (rootView_) rootView_->setGeometry(rect());
 }
 
-void PanelWindow::rebuildRootView(Size notchSize) {
+void PanelWindow::rebuildRootView(Size notchSize, bool hasNotch) {
   QWidget* grid = makeGrid_ ? makeGrid_() : nullptr;
-  auto* next = new RootView(state_, RootViewMetrics::forNotch(notchSize), grid, this);
+  auto* next = new RootView(state_, RootViewMetrics::forNotch(notchSize, hasNotch), grid, this);
   next->setGeometry(rect());
   next->show();
   delete rootView_;

@@ -25,7 +25,8 @@ class PanelWindow : public QWidget {
   // Makes the metric grid for a new root view; may return null (an empty card).
   using GridFactory = std::function<QWidget*()>;
 
-  PanelWindow(PanelState& state, Size notchSize, GridFactory makeGrid = {},
+  // `hasNotch`: the screen has a camera housing that hides the closed card (see RootViewMetrics).
+  PanelWindow(PanelState& state, Size notchSize, bool hasNotch, GridFactory makeGrid = {},
               QWidget* parent = nullptr);
   ~PanelWindow() override;
 
@@ -37,7 +38,7 @@ class PanelWindow : public QWidget {
 
   // Replaces the root view by one built for a newly measured notch, with the same panel state and
   // a new grid from the factory. The window keeps its frame until the next `setFrame`.
-  void rebuildRootView(Size notchSize);
+  void rebuildRootView(Size notchSize, bool hasNotch);
 
   RootView* rootView() const { return rootView_; }
 

@@ -56,6 +56,10 @@ Rect RootView::cardFrame() const {
   return metrics_.cardFrame(width(), openness_.value(frameTimer_.now()));
 }
 
+double RootView::cardOpacity() const {
+  return metrics_.cardOpacity(openness_.value(frameTimer_.now()));
+}
+
 double RootView::contentOpacity() const {
   return contentFade_.opacity(frameTimer_.now());
 }
@@ -115,8 +119,12 @@ void RootView::placeGrid() {
 }
 
 void RootView::paintEvent(QPaintEvent* event) {
+  const double openness = openness_.value(frameTimer_.now());
+  const double opacity = metrics_.cardOpacity(openness);
+  if (opacity <= 0.0) return;
   QPainter painter(this);
-  const Rect card = cardFrame();
+  painter.setOpacity(opacity);
+  const Rect card = metrics_.cardFrame(width(), openness);
   const QRect area = event->rect();
   // The open grid's updates repaint small strips well inside the card: those are plain black.
   if (outline.plainlyContains(card, toRect(area))) {

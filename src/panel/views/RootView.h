@@ -17,7 +17,9 @@ class PanelState;
 // What the notch panel shows: a black card hanging from the top centre, exactly the notch's size
 // while closed, springing open to the full content size when the panel state opens, with the metric
 // grid fading in below a clear band of the notch's height. Everything outside the card is left
-// transparent. The view animates only while something moves; at rest it neither ticks nor repaints.
+// transparent. On a screen without a notch the closed card is not drawn at all: it fades in as it
+// begins to grow (see `RootViewMetrics::cardOpacity`). The view animates only while something
+// moves; at rest it neither ticks nor repaints.
 class RootView : public QWidget {
   Q_OBJECT
 
@@ -35,8 +37,10 @@ class RootView : public QWidget {
   const RootViewMetrics& metrics() const { return metrics_; }
   QWidget* grid() const { return grid_; }
 
-  // Where the card is now, in the view's coordinates, and how far the content has faded in.
+  // Where the card is now, in the view's coordinates, how opaque it is (0: nothing is drawn), and
+  // how far the content has faded in.
   Rect cardFrame() const;
+  double cardOpacity() const;
   double contentOpacity() const;
 
   // The clock and frame pacing, exposed so tests can step time by hand.

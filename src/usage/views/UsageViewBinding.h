@@ -5,16 +5,17 @@ class QWidget;
 namespace brimly {
 
 class AppSettings;
+class PanelState;
 class SystemMonitor;
 class UsageView;
 
-// Keeps a grid showing the monitor's latest readings with the user's choice of metrics and unit:
-// it takes the current state at once, then every applied sample, every change of the shown
-// metrics and of the temperature unit. The connections end with the grid.
-void bindUsageView(UsageView& view, const SystemMonitor& monitor, const AppSettings& settings);
-
-// The notch panel's grid: three columns of 172-point cells, bound to the monitor and settings.
+// The notch panel's grid: three columns of 172-point cells, showing the monitor's latest readings
+// with the user's choice of metrics and unit. It takes the current state at once, then every
+// change of the shown metrics and of the temperature unit, and every applied sample while `panel`
+// is open. A closed panel shows no grid, so the samples that arrive meanwhile (one every five
+// seconds, all day) are not laid out for nothing: the grid takes the latest the moment the panel
+// opens, while it is still hidden behind its fade-in. The connections end with the grid.
 UsageView* makePanelGrid(const SystemMonitor& monitor, const AppSettings& settings,
-                         QWidget* parent = nullptr);
+                         const PanelState& panel, QWidget* parent = nullptr);
 
 }  // namespace brimly

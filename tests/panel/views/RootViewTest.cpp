@@ -7,10 +7,12 @@
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
+#include <vector>
 
 #include "PaintRecorder.h"
 #include "ReferenceImage.h"
 #include "SolidGrid.h"
+#include "panel/FadeAnimation.h"
 #include "panel/PanelState.h"
 
 namespace brimly {
@@ -22,9 +24,10 @@ class RootViewTest : public ::testing::Test {
  protected:
   RootViewTest() { makeView({185.0, 32.0}); }
 
-  void makeView(Size notch) {
+  // A notch of `notch`, with a camera housing round it unless `hasNotch` says otherwise.
+  void makeView(Size notch, bool hasNotch = true) {
     grid = new SolidGrid({580, 100}, gridColour);
-    view = std::make_unique<RootView>(state, RootViewMetrics::forNotch(notch), grid);
+    view = std::make_unique<RootView>(state, RootViewMetrics::forNotch(notch, hasNotch), grid);
     view->frameTimer().setClock([this] { return now; });
     const Size size = {600.0, notch.height + 116.0};
     view->resize(static_cast<int>(size.width), static_cast<int>(size.height));
@@ -56,6 +59,16 @@ class RootViewTest : public ::testing::Test {
 
 bool isOpaqueBlack(QRgb pixel) {
   return qAlpha(pixel) == 255 && qRed(pixel) == 0 && qGreen(pixel) == 0 && qBlue(pixel) == 0;
+}
+
+// How many pixels of `image` are not wholly transparent.
+int drawnPixels(const QImage& image) {
+  int drawn = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x)
+      drawn += qAlpha(image.pixel(x, y)) != 0 ? 1 : 0;
+  }
+  return drawn;
 }
 
 TEST_F(RootViewTest, ClosedOutlineIsTheNotchCentredOnTheTopEdge) {
@@ -226,6 +239,67 @@ TEST_F(RootViewTest, StartsInTheStatesCurrentFormWithoutAnimating) {
   EXPECT_FALSE(view->isAnimating());
   EXPECT_EQ(view->cardFrame(), (Rect{0.0, 0.0, 600.0, 148.0}));
   EXPECT_EQ(view->contentOpacity(), 1.0);
+}
+
+TEST_F(RootViewTest, WithoutANotchTheClosedPanelPaintsNoPixel) {
+  makeView({200.0, 32.0}, false);
+  EXPECT_EQ(view->cardFrame(), (Rect{200.0, 0.0, 200.0, 32.0}));  // it still grows from there
+  EXPECT_EQ(view->cardOpacity(), 0.0);
+  EXPECT_EQ(drawnPixels(render()), 0);
+}
+
+TEST_F(RootViewTest, WithoutANotchTheCardFadesInAsItBeginsToGrow) {
+  makeView({200.0, 32.0}, false);
+  const double opened = now;
+  state.setOpen(true);
+  std::vector<double> opacities;
+  for (const double after : {0.02, 0.04, 0.06, 0.08}) {
+    advanceTo(opened + after);
+    opacities.push_back(view->cardOpacity());
+    const Rect card = view->cardFrame();
+    // The black card is drawn at that opacity (premultiplied: the alpha tells).
+    const QRgb middle = render().pixel(static_cast<int>(card.midX()), 10);
+    EXPECT_NEAR(qAlpha(middle), 255.0 * opacities.back(), 1.0) << after;
+    EXPECT_EQ(qRed(middle), 0);
+  }
+  EXPECT_GT(opacities.front(), 0.0);
+  for (std::size_t i = 1; i < opacities.size(); ++i)
+    EXPECT_GT(opacities[i], opacities[i - 1]);
+  EXPECT_LT(opacities.back(), 1.0);
+  // Opaque before the grid begins to fade in over it, 0.12 s after opening.
+  advanceTo(opened + FadeAnimation::openingDelay);
+  EXPECT_EQ(view->cardOpacity(), 1.0);
+  EXPECT_EQ(view->contentOpacity(), 0.0);
+  settle();
+  EXPECT_TRUE(isOpaqueBlack(render().pixel(300, 20)));
+}
+
+TEST_F(RootViewTest, WithoutANotchTheCardFadesOutAsItFinishesClosing) {
+  makeView({200.0, 32.0}, false);
+  state.setOpen(true);
+  settle();
+  const double closed = now;
+  state.setOpen(false);
+  advanceTo(closed + 0.1);
+  EXPECT_EQ(view->cardOpacity(), 1.0);  // still shrinking from the open card
+  advanceTo(closed + 0.2);
+  const double fading = view->cardOpacity();
+  EXPECT_GT(fading, 0.0);
+  EXPECT_LT(fading, 1.0);
+  EXPECT_EQ(view->contentOpacity(), 0.0);  // the grid went first
+  advanceTo(closed + 0.3);
+  EXPECT_LT(view->cardOpacity(), fading);
+  settle();
+  EXPECT_EQ(view->cardOpacity(), 0.0);
+  EXPECT_EQ(drawnPixels(render()), 0);
+}
+
+TEST_F(RootViewTest, OverANotchTheClosedCardIsOpaqueAndTheOpeningCardStaysSo) {
+  EXPECT_EQ(view->cardOpacity(), 1.0);
+  state.setOpen(true);
+  advanceTo(now + 0.02);
+  EXPECT_EQ(view->cardOpacity(), 1.0);
+  EXPECT_TRUE(isOpaqueBlack(render().pixel(300, 10)));
 }
 
 TEST_F(RootViewTest, MatchesTheReferenceRenderings) {

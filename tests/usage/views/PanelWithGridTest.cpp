@@ -40,7 +40,7 @@ class PanelWithGridTest : public ::testing::Test {
   PanelWithGridTest() {
     grid = new UsageView(3, 172.0, testing::designedTypography());
     grid->setSample(sample());
-    view = std::make_unique<RootView>(state, RootViewMetrics::forNotch({185.0, 32.0}), grid);
+    view = std::make_unique<RootView>(state, RootViewMetrics::forNotch({185.0, 32.0}, true), grid);
     view->frameTimer().setClock([this] { return now; });
     grid->frameTimer().setClock([this] { return now; });
     state.setOpen(true);
@@ -265,7 +265,7 @@ TEST_F(OpenPanelTest, AnimationsEndExactlyOnTheNewValues) {
   openState.setOpen(true);
   auto* direct = new UsageView(3, 172.0, testing::designedTypography());
   direct->setSample(next);
-  RootView still(openState, RootViewMetrics::forNotch({185.0, 32.0}), direct);
+  RootView still(openState, RootViewMetrics::forNotch({185.0, 32.0}, true), direct);
   QImage expected(still.size(), QImage::Format_ARGB32_Premultiplied);
   expected.fill(Qt::transparent);
   still.render(&expected, QPoint(), QRegion(), QWidget::DrawChildren);

@@ -7,6 +7,7 @@
 #include "FakeKeyValueStore.h"
 #include "FakePlatform.h"
 #include "ManualScheduler.h"
+#include "panel/PanelState.h"
 #include "sampling/SystemMonitor.h"
 #include "settings/AppSettings.h"
 #include "usage/views/UsageView.h"
@@ -33,6 +34,11 @@ class ListenedMonitor : public SystemMonitor {
   int listeners() const { return receivers(SIGNAL(sampleApplied())); }
 };
 
+class ListenedPanelState : public PanelState {
+ public:
+  int listeners() const { return receivers(SIGNAL(isOpenAssigned(bool))); }
+};
+
 class UsageViewBindingTest : public ::testing::Test {
  protected:
   UsageViewBindingTest() {
@@ -52,11 +58,12 @@ class UsageViewBindingTest : public ::testing::Test {
   ListenedMonitor monitor{platform, scheduler};
   FakeKeyValueStore store;
   ListenedSettings settings{store};
+  ListenedPanelState panel;
 };
 
 TEST_F(UsageViewBindingTest, TakesTheCurrentStateAtOnce) {
   settings.setMetricOrder({MetricKind::pwr, MetricKind::ram});
-  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings));
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings, panel));
   ASSERT_EQ(view->cells().size(), 2u);
   EXPECT_EQ(view->cells()[0],
             MetricCellContent::of(MetricKind::pwr, monitor.current(), settings.useFahrenheit()));
@@ -64,15 +71,16 @@ TEST_F(UsageViewBindingTest, TakesTheCurrentStateAtOnce) {
 }
 
 TEST_F(UsageViewBindingTest, PanelGridHasThreeColumnsOf172PointCells) {
-  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings));
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings, panel));
   ASSERT_EQ(view->geometry().cells.size(), 6u);
   EXPECT_EQ(view->geometry().cells[0].frame.width, 172.0);
   EXPECT_EQ(view->geometry().cells[2].frame.y, view->geometry().cells[0].frame.y);
   EXPECT_GT(view->geometry().cells[3].frame.y, view->geometry().cells[0].frame.y);
 }
 
-TEST_F(UsageViewBindingTest, FollowsEveryAppliedSample) {
-  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings));
+TEST_F(UsageViewBindingTest, WhileThePanelIsOpenFollowsEveryAppliedSample) {
+  panel.setOpen(true);
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings, panel));
   ASSERT_NE(cell(*view, "TEMP"), nullptr);
   EXPECT_EQ(cell(*view, "TEMP")->primary, "51°C");
   platform.change([](FakeMachine& machine) { machine.temperatureSensors[0].celsius = 70.4; });
@@ -80,8 +88,25 @@ TEST_F(UsageViewBindingTest, FollowsEveryAppliedSample) {
   EXPECT_EQ(cell(*view, "TEMP")->primary, "70°C");
 }
 
-TEST_F(UsageViewBindingTest, FollowsTheShownMetricsAndTheUnit) {
-  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings));
+TEST_F(UsageViewBindingTest, WhileThePanelIsClosedSamplesWait) {
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings, panel));
+  platform.change([](FakeMachine& machine) { machine.temperatureSensors[0].celsius = 70.4; });
+  scheduler.advanceBy(5.0);
+  ASSERT_EQ(MetricCellContent::of(MetricKind::temp, monitor.current(), false).primary, "70°C");
+  EXPECT_EQ(cell(*view, "TEMP")->primary, "51°C");
+}
+
+TEST_F(UsageViewBindingTest, OpeningTheClosedPanelShowsTheLatestSampleAtOnce) {
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings, panel));
+  platform.change([](FakeMachine& machine) { machine.temperatureSensors[0].celsius = 70.4; });
+  scheduler.advanceBy(5.0);
+  panel.setOpen(true);
+  EXPECT_EQ(cell(*view, "TEMP")->primary, "70°C");
+  EXPECT_FALSE(view->isAnimating());  // hidden: it takes the value without a glide
+}
+
+TEST_F(UsageViewBindingTest, FollowsTheShownMetricsAndTheUnitEvenWhileClosed) {
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings, panel));
   settings.setMetric(MetricKind::gpu, false);
   EXPECT_EQ(view->cells().size(), 5u);
   EXPECT_EQ(cell(*view, "GPU"), nullptr);
@@ -90,12 +115,14 @@ TEST_F(UsageViewBindingTest, FollowsTheShownMetricsAndTheUnit) {
 }
 
 TEST_F(UsageViewBindingTest, AGridThatIsGoneIsNoLongerFed) {
-  auto view = std::unique_ptr<UsageView>(makePanelGrid(monitor, settings));
+  auto view = std::unique_ptr<UsageView>(makePanelGrid(monitor, settings, panel));
   EXPECT_EQ(monitor.listeners(), 1);
   EXPECT_EQ(settings.listeners(), 2);
+  EXPECT_EQ(panel.listeners(), 1);
   view.reset();
   EXPECT_EQ(monitor.listeners(), 0);
   EXPECT_EQ(settings.listeners(), 0);
+  EXPECT_EQ(panel.listeners(), 0);
 }
 
 }  // namespace
