@@ -67,11 +67,14 @@ uninstall:
 	else echo "make uninstall: $(BUILD_DIR) has installed nothing"; fi
 endif
 
-# Optimised build; prints both medians and the sampler's ratio to the bare kernel-file reads.
+# Optimised build; prints both medians and the sampler's ratio to the bare kernel-file reads,
+# then what the open panel's frames cost: through the X display when there is one, else offscreen.
 bench: deps
 	@cmake --preset bench
-	@cmake --build --preset bench --target brimly_sampler_bench
+	@cmake --build --preset bench --target brimly_sampler_bench brimly_panel_frame_bench
 	@build/bench/bench/brimly_sampler_bench
+	@if [ -n "$$DISPLAY" ]; then build/bench/bench/brimly_panel_frame_bench; \
+	else QT_QPA_PLATFORM=offscreen build/bench/bench/brimly_panel_frame_bench; fi
 
 format:
 	@git ls-files '*.h' '*.cpp' '*.mm' | xargs clang-format -i
