@@ -19,6 +19,8 @@ class EasedAnimation {
   // Sets the value at once, ending any motion.
   void jumpTo(double value);
   // Heads for `target`, starting `delay` seconds after `now`; the value holds still until then.
+  // A negative delay sets off from where the value is now as if the motion had begun that long
+  // ago: its first stretch is covered at once, and it arrives that much sooner.
   void animateTo(double target, double now, double delay = 0.0);
 
   double value(double now) const;

@@ -41,6 +41,17 @@ TEST(EasedAnimation, HoldsStillDuringTheDelay) {
   EXPECT_NEAR(fade.value(0.2), 0.5, 1e-9);
 }
 
+TEST(EasedAnimation, ANegativeDelaySetsOffFromHereAsIfItHadBegunEarlier) {
+  EasedAnimation bar(0.5, TimingCurve::linear(), 0.0);
+  bar.animateTo(1.0, 0.0);
+  bar.animateTo(0.0, 0.25, -0.05);  // from 0.5, a tenth of the way already covered
+  EXPECT_NEAR(bar.value(0.25), 0.45, 1e-9);
+  EXPECT_NEAR(bar.value(0.5), 0.2, 1e-9);
+  EXPECT_TRUE(bar.isRunning(0.69));
+  EXPECT_FALSE(bar.isRunning(0.7));
+  EXPECT_EQ(bar.value(0.7), 0.0);
+}
+
 TEST(EasedAnimation, JumpToEndsTheMotion) {
   EasedAnimation bar(0.5);
   bar.animateTo(1.0, 0.0);
