@@ -90,7 +90,11 @@ QSize UsageView::sizeHint() const {
 void UsageView::rebuild() {
   const QSize oldHint = sizeHint();
   const double now = frameTimer_.now();
+  pixelRatio_ = devicePixelRatioF();
   const bool animate = isVisible();
+  // A motion starts one frame in, so that its first step is painted with the sample that brings
+  // it rather than a frame later: a sample then wakes the grid once less.
+  const double firstStep = -frameTimer_.intervalMs() / 1000.0;
   const std::vector<MetricCellContent> oldContents = std::move(contents_);
   const std::vector<CellPlacement> oldCells = grid_.cells;
 
@@ -113,13 +117,13 @@ void UsageView::rebuild() {
       if (barStep(motion.bar.value(now)) == barStep(content.barValue)) {
         motion.bar.jumpTo(content.barValue);
       } else {
-        motion.bar.animateTo(content.barValue, now);
+        motion.bar.animateTo(content.barValue, now, firstStep);
       }
       if (content.primary != motion.currentPrimary) {
         // The same value in another unit is put in place at once.
         motion.previousPrimary = motion.currentPrimary;
         motion.text.jumpTo(newValue ? 0.0 : 1.0);
-        if (newValue) motion.text.animateTo(1.0, now);
+        if (newValue) motion.text.animateTo(1.0, now, firstStep);
       }
     }
     motion.currentPrimary = content.primary;
@@ -134,29 +138,25 @@ void UsageView::rebuild() {
     resize(sizeHint());
     updateGeometry();
   }
-  scheduleNextFrame(now);
   if (grid_.cells != oldCells) {
     update();
-    return;
+  } else {
+    // Only the parts that show something new are repainted; most samples change one or two.
+    for (std::size_t i = 0; i < contents_.size(); ++i) {
+      repaintChangedParts(grid_.cells[i], oldContents[i], contents_[i], now);
+    }
   }
-  // Only the parts that show something new are repainted; most samples change one or two.
-  for (std::size_t i = 0; i < contents_.size(); ++i) {
-    repaintChangedParts(grid_.cells[i], oldContents[i], contents_[i], now);
-  }
+  advance(now);  // the first step of what moves, painted in the same turn
 }
 
 void UsageView::repaintChangedParts(const CellPlacement& placement, const MetricCellContent& before,
                                     const MetricCellContent& after, double now) {
-  // A value text or bar that has just begun to move still looks as it did: its frames repaint it.
-  CellMotion& motion = motion_.at(placement.kind.value());
+  // What moves (a bar's length, a value text that changes with its value) is left to `advance`.
+  const CellMotion& motion = motion_.at(placement.kind.value());
   const bool newText = before.primary != after.primary && !motion.text.isRunning(now);
   if (before.label != after.label || newText) update(headerArea(placement));
-  const CellLook look = lookAt(motion, now);
-  const bool barJumped = !motion.bar.isRunning(now) && look.barFill != motion.shown.barFill;
-  if (barJumped ||
-      colors(before.barValue, before.palette) != colors(after.barValue, after.palette)) {
+  if (colors(before.barValue, before.palette) != colors(after.barValue, after.palette)) {
     update(barArea(placement));
-    motion.shown.barFill = look.barFill;
   }
   if (before.secondary != after.secondary) update(detailArea(placement));
 }
@@ -174,7 +174,7 @@ double UsageView::barValueShown(const CellMotion& motion, double now) const {
 
 long UsageView::barStep(double value) const {
   const double fill = cell_.barFillFrame(value).width;
-  return std::lround(fill * devicePixelRatioF() * CellLook::barStepsPerPixel);
+  return std::lround(fill * pixelRatio_ * CellLook::barStepsPerPixel);
 }
 
 UsageView::CellLook UsageView::lookAt(const CellMotion& motion, double now) const {
@@ -232,6 +232,7 @@ void UsageView::paintEvent(QPaintEvent* event) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::TextAntialiasing);
   const double now = frameTimer_.now();
+  pixelRatio_ = painter.device()->devicePixelRatioF();
   // A frame of a moving bar repaints a strip of one cell: everything else is left as it is, since
   // shaping and drawing the texts of six cells would cost far more than the strip itself.
   const QRegion& region = event->region();

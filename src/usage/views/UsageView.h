@@ -28,8 +28,9 @@ namespace brimly {
 // character by character over a quarter second (see `ValueTransition`), but only while the grid is
 // on screen: a hidden grid takes new values at once and costs no frames. The text moves only when
 // the value behind it changes: a new unit for the same temperature is put in place at once. A frame
-// repaints only the strips that moved, and frames that would show nothing new are skipped, so a
-// sample that changes one figure costs a handful of small repaints.
+// repaints only the strips that moved, frames that would show nothing new are skipped, and the
+// first step of a motion is painted with the sample that starts it, so a sample that changes one
+// figure costs a handful of small repaints.
 class UsageView : public QWidget {
   Q_OBJECT
 
@@ -127,6 +128,9 @@ class UsageView : public QWidget {
   GridGeometry grid_;
   std::map<MetricKind::Value, CellMotion> motion_;
   FrameTimer frameTimer_{frameIntervalMs};
+  // The device pixels to a point, as of the last sample or paint: the widget's own lookup walks
+  // up to the screen, too slow for every frame.
+  double pixelRatio_ = 1.0;
   ShapedLines labels_;
   ValueTextRenderer values_;
   ShapedLines details_;

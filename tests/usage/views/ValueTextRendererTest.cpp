@@ -170,10 +170,13 @@ TEST(ValueTextInTheGridTest, EveryPaintedFrameIsOneOfTheSteps) {
       steps.push_back(valueOf(image));
     }
 
+    // The first step comes with the sample itself, the others each with a frame.
     int frames = 0;
-    while (view.isAnimating() && frames < 100) {
-      now += view.frameTimer().msToNextFrame() / 1000.0;
-      view.frameTimer().tick();
+    for (bool first = true; first || (view.isAnimating() && frames < 100); first = false) {
+      if (!first) {
+        now += view.frameTimer().msToNextFrame() / 1000.0;
+        view.frameTimer().tick();
+      }
       QImage grid(view.size(), QImage::Format_ARGB32_Premultiplied);
       grid.fill(Qt::black);
       view.render(&grid, QPoint(), QRegion(), QWidget::DrawChildren);
@@ -182,7 +185,7 @@ TEST(ValueTextInTheGridTest, EveryPaintedFrameIsOneOfTheSteps) {
           << "frame " << frames << " of " << before << " to " << after << " is no step";
       ++frames;
     }
-    EXPECT_GE(frames, 3);
+    EXPECT_GE(frames, ValueTransition::steps);
   }
 }
 
