@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPalette>
 #include <QWindow>
 #include <cmath>
 
@@ -36,8 +37,10 @@ RootView::RootView(PanelState& state, const RootViewMetrics& metrics, QWidget* g
   resize(sizeHint());
   if (grid_) {
     grid_->setParent(this);
-    gridEffect_ = new CardLayerEffect(grid_);
-    grid_->setGraphicsEffect(gridEffect_);
+    // What the grid paints on when it draws itself opaquely: the card.
+    QPalette palette = grid_->palette();
+    palette.setColor(QPalette::Window, Qt::black);
+    grid_->setPalette(palette);
     placeGrid();
     applyToGrid(frameTimer_.now());
   }
@@ -99,10 +102,23 @@ void RootView::applyToGrid(double now) {
   // A fully transparent grid is hidden, so that its own updates cost nothing while closed.
   grid_->setVisible(opacity > 0.0);
   if (opacity <= 0.0) return;
-  QPainterPath clip = cardPath(metrics_.cardFrame(width(), openness_.value(now)));
-  // Once the grid is opaque and wholly inside the card, the layer would change nothing: the grid
-  // then paints straight into the window, so that its value updates stay cheap while open.
-  gridEffect_->setEnabled(opacity < 1.0 || !clip.contains(QRectF(grid_->geometry())));
+  const double openness = openness_.value(now);
+  QPainterPath clip = cardPath(metrics_.cardFrame(width(), openness));
+  // Once the grid is opaque and wholly inside an opaque card, the layer would change nothing: the
+  // grid then paints straight into the window, over its own black, so that neither the layer nor
+  // the card beneath is drawn again for its value updates while open.
+  const bool layered = opacity < 1.0 || metrics_.cardOpacity(openness) < 1.0 ||
+                       !clip.contains(QRectF(grid_->geometry()));
+  grid_->setAttribute(Qt::WA_OpaquePaintEvent, !layered);
+  if (!layered) {
+    grid_->setGraphicsEffect(nullptr);  // deletes it
+    gridEffect_ = nullptr;
+    return;
+  }
+  if (!gridEffect_) {
+    gridEffect_ = new CardLayerEffect(grid_);
+    grid_->setGraphicsEffect(gridEffect_);
+  }
   clip.translate(-grid_->x(), -grid_->y());
   gridEffect_->setClipPath(clip);
   gridEffect_->setOpacity(opacity);

@@ -29,7 +29,9 @@ class RootView : public QWidget {
   static constexpr double springDampingFraction = 1.0;
 
   // `grid` (may be null) becomes a child of the view and is shown centred under the notch band,
-  // at its size hint; the view starts in the state's current form, without animating.
+  // at its size hint; the view starts in the state's current form, without animating. Whenever
+  // the grid needs no layer it is marked as painting opaquely (Qt::WA_OpaquePaintEvent), in the
+  // window colour of its palette, which the view sets to the card's black.
   RootView(PanelState& state, const RootViewMetrics& metrics, QWidget* grid,
            QWidget* parent = nullptr);
   ~RootView() override;
@@ -69,6 +71,8 @@ class RootView : public QWidget {
 
   RootViewMetrics metrics_;
   QPointer<QWidget> grid_;
+  // The layer the grid is drawn through while it fades or the card cuts it; none otherwise. The
+  // grid owns it.
   CardLayerEffect* gridEffect_ = nullptr;
   FrameTimer frameTimer_;
   SpringAnimation openness_;

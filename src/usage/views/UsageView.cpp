@@ -236,6 +236,11 @@ void UsageView::paintEvent(QPaintEvent* event) {
   // A frame of a moving bar repaints a strip of one cell: everything else is left as it is, since
   // shaping and drawing the texts of six cells would cost far more than the strip itself.
   const QRegion& region = event->region();
+  // Told to paint opaquely, it lays down its window colour first: nothing beneath is drawn.
+  if (testAttribute(Qt::WA_OpaquePaintEvent)) {
+    for (const QRect& rect : region)
+      painter.fillRect(rect, palette().window());
+  }
   for (std::size_t i = 0; i < grid_.cells.size() && i < contents_.size(); ++i) {
     const CellPlacement& placement = grid_.cells[i];
     const CellMotion& motion = motion_.at(placement.kind.value());

@@ -172,12 +172,38 @@ class OpenPanelTest : public PanelWithGridTest {
 };
 
 TEST_F(OpenPanelTest, GridIsLayeredOnlyWhileItFadesOrTheCardCutsIt) {
-  ASSERT_NE(grid->graphicsEffect(), nullptr);
-  EXPECT_FALSE(grid->graphicsEffect()->isEnabled());  // opaque and wholly inside the open card
+  // Opaque and wholly inside the open card: no layer, and the grid paints its own black.
+  EXPECT_EQ(grid->graphicsEffect(), nullptr);
+  EXPECT_TRUE(grid->testAttribute(Qt::WA_OpaquePaintEvent));
   state.setOpen(false);
   now += 0.05;
   view->frameTimer().tick();
+  ASSERT_NE(grid->graphicsEffect(), nullptr);
   EXPECT_TRUE(grid->graphicsEffect()->isEnabled());
+  EXPECT_FALSE(grid->testAttribute(Qt::WA_OpaquePaintEvent));
+  state.setOpen(true);
+  for (int frame = 0; frame < 200 && view->isAnimating(); ++frame) {
+    now += 1.0 / 60.0;
+    view->frameTimer().tick();
+  }
+  EXPECT_EQ(grid->graphicsEffect(), nullptr);
+}
+
+TEST_F(OpenPanelTest, TheGridsFramesLeaveTheCardBeneathAlone) {
+  testing::PaintRecorder cardPaints;
+  view->installEventFilter(&cardPaints);
+  MetricSample next = sample();
+  next.cpu = 0.91;
+  grid->setSample(next);
+  runFrames();
+  EXPECT_GE(paints.count(), 5);
+  EXPECT_EQ(cardPaints.count(), 0);
+  // What the window shows is what the card and the grid drawn together show.
+  QImage onScreen(view->size(), QImage::Format_ARGB32_Premultiplied);
+  onScreen.fill(Qt::transparent);
+  view->render(&onScreen, QPoint(), QRegion(), QWidget::DrawChildren);
+  grid->setAttribute(Qt::WA_OpaquePaintEvent, false);
+  EXPECT_EQ(onScreen, render());
 }
 
 TEST_F(OpenPanelTest, ASampleRepaintsOnlyTheCellThatChanged) {
