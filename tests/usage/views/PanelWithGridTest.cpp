@@ -262,9 +262,24 @@ TEST_F(OpenPanelTest, FramesThatWouldShowNothingNewAreSkipped) {
   next.cpu = 0.25;  // the bar grows by 3.4 points: a few steps, most of them early
   grid->setSample(next);
   const auto [frames, eachPainted] = runFrames();
-  EXPECT_LT(frames, 10);  // half a second at 20 frames a second, had every frame been drawn
+  // Every frame of the half second, had each been drawn.
+  EXPECT_LT(frames, 500 / UsageView::frameIntervalMs);
   EXPECT_TRUE(eachPainted);
   EXPECT_EQ(grid->shownBarValue(MetricKind::cpu), 0.25);
+}
+
+TEST_F(OpenPanelTest, ASlowBarMovesInStepsOfTwoPixels) {
+  MetricSample next = sample();
+  next.cpu = 0.30;  // 12 pixels longer, in half a second: two pixels or less a frame
+  grid->setSample(next);
+  std::vector<double> lengths{grid->shownBarValue(MetricKind::cpu) * 172.0};
+  while (grid->isAnimating() && lengths.size() < 100) {
+    now += grid->frameTimer().msToNextFrame() / 1000.0;
+    grid->frameTimer().tick();
+    lengths.push_back(grid->shownBarValue(MetricKind::cpu) * 172.0);
+  }
+  EXPECT_LE(lengths.size(), 12u / 2 + 1);
+  EXPECT_DOUBLE_EQ(lengths.back(), 0.30 * 172.0);
 }
 
 TEST_F(OpenPanelTest, AChangeTooSmallToSeeIsTakenWithoutFrames) {
@@ -279,7 +294,7 @@ TEST_F(OpenPanelTest, AChangeTooSmallToSeeIsTakenWithoutFrames) {
 
 TEST_F(OpenPanelTest, ANewValueTextPaintsOnlyItsSteps) {
   MetricSample next = sample();
-  next.cpu = 0.2351;  // "24%", the bar within its pixel: only the text moves
+  next.cpu = 0.2351;  // "24%", the bar within its step: only the text moves
   grid->setSample(next);
   const auto [frames, eachPainted] = runFrames();
   EXPECT_EQ(paints.count(), ValueTransition::steps);  // the first with the sample

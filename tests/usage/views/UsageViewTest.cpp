@@ -260,13 +260,13 @@ TEST_F(UsageViewTest, UnchangedSampleDoesNotAnimate) {
 
 TEST_F(UsageViewTest, ANewValueTextTakesAQuarterSecond) {
   MetricSample next = busyLaptop();
-  next.cpu = 0.422;
+  next.cpu = 0.43;  // "43%", a bar 73.96 points long
   view.setSample(next);
   view.show();
-  next.cpu = 0.4225;  // still "42%", and the bar within its pixel: nothing to animate
+  next.cpu = 0.4302;  // still "43%", and the bar within its step: nothing to animate
   view.setSample(next);
   EXPECT_FALSE(view.isAnimating());
-  next.cpu = 0.426;  // "43%", the bar still within its pixel: only the text moves
+  next.cpu = 0.4352;  // "44%", the bar still within its step: only the text moves
   view.setSample(next);
   EXPECT_TRUE(view.isAnimating());
   now += 0.25;
