@@ -232,7 +232,6 @@ void UsageView::paintEvent(QPaintEvent* event) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::TextAntialiasing);
   const double now = frameTimer_.now();
-  pixelRatio_ = painter.device()->devicePixelRatioF();
   // A frame of a moving bar repaints a strip of one cell: everything else is left as it is, since
   // shaping and drawing the texts of six cells would cost far more than the strip itself.
   const QRegion& region = event->region();

@@ -130,8 +130,9 @@ class UsageView : public QWidget {
   GridGeometry grid_;
   std::map<MetricKind::Value, CellMotion> motion_;
   FrameTimer frameTimer_{frameIntervalMs};
-  // The device pixels to a point, as of the last sample or paint: the widget's own lookup walks
-  // up to the screen, too slow for every frame.
+  // The device pixels to a point, as of the last sample (at most five seconds old): the widget's
+  // own lookup walks up to the screen, too slow for every frame. It only decides which frames are
+  // worth painting, so a screen change may take a sample to show in it.
   double pixelRatio_ = 1.0;
   ShapedLines labels_;
   ValueTextRenderer values_;
