@@ -1,19 +1,47 @@
 # Installing Brimly on Linux; included from the top level on Linux only.
 #
 # `cmake --install <dir>` (`make install`) puts the program in bin/ and its desktop entry, AppStream
-# metadata and hicolor icons under share/. `make package` wraps the same files in a Debian package
-# with CPack's DEB generator: <dir>/brimly_<version>_<architecture>.deb, installed under /usr.
+# metadata, hicolor icons, manual page, changelog and copyright notice under share/. `make package`
+# wraps the same files in a Debian package with CPack's DEB generator:
+# <dir>/brimly_<version>_<architecture>.deb, installed under /usr.
 # scripts/check-package validates that package, installs it, runs it and removes it again.
 include(GNUInstallDirs)
 
 set(BRIMLY_HOMEPAGE "https://brimly.app/")
 # Where the web site publishes the images of docs/screenshots/.
 set(BRIMLY_SCREENSHOTS_URL "${BRIMLY_HOMEPAGE}screenshots/")
-# No licence has been chosen for Brimly yet: until one is, the metadata says all rights reserved.
+# No licence has been chosen for Brimly yet: until one is, the metadata and packaging/linux/copyright
+# say all rights reserved.
 set(BRIMLY_PROJECT_LICENSE "LicenseRef-proprietary")
-# The day the version in project() was released, for the AppStream metadata: change both together.
-set(BRIMLY_RELEASE_DATE "2026-11-25")
-set(BRIMLY_MAINTAINER "The Brimly developers <maintainers@brimly.app>")
+
+set(brimly_linux "${PROJECT_SOURCE_DIR}/packaging/linux")
+# Each release is an entry at the top of packaging/linux/changelog, in Debian's format; the package
+# carries the file as its changelog. That entry must be for the version in project(), and it gives
+# the release date (for the metadata and the manual page) and the maintainer.
+file(READ "${brimly_linux}/changelog" brimly_changelog)
+if(NOT brimly_changelog MATCHES "^brimly \\(([^)]+)\\)")
+  message(FATAL_ERROR "packaging/linux/changelog does not begin with an entry \"brimly (<version>)\"")
+endif()
+if(NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
+  message(FATAL_ERROR "packaging/linux/changelog's latest entry is for ${CMAKE_MATCH_1}, project() "
+                      "says ${PROJECT_VERSION}: add an entry for ${PROJECT_VERSION} at its top")
+endif()
+if(NOT brimly_changelog MATCHES
+   "\n -- ([^\n]+)  [A-Z][a-z][a-z], ([0-9][0-9]?) ([A-Z][a-z][a-z]) ([0-9][0-9][0-9][0-9]) ")
+  message(FATAL_ERROR "packaging/linux/changelog's latest entry has no \" -- <maintainer>  <date>\" line")
+endif()
+set(BRIMLY_MAINTAINER "${CMAKE_MATCH_1}")
+set(brimly_day "${CMAKE_MATCH_2}")
+set(brimly_year "${CMAKE_MATCH_4}")
+set(brimly_months Jan Feb Mar Apr May Jun Jul Aug Sep Oct Nov Dec)
+list(FIND brimly_months "${CMAKE_MATCH_3}" brimly_month)
+if(brimly_month EQUAL -1)
+  message(FATAL_ERROR "packaging/linux/changelog's latest date has no month: ${CMAKE_MATCH_3}")
+endif()
+math(EXPR brimly_month "${brimly_month} + 1")
+string(REGEX REPLACE "^([0-9])$" "0\\1" brimly_month "${brimly_month}")
+string(REGEX REPLACE "^([0-9])$" "0\\1" brimly_day "${brimly_day}")
+set(BRIMLY_RELEASE_DATE "${brimly_year}-${brimly_month}-${brimly_day}")
 
 # Packages the .deb recommends: the typefaces Brimly's text is set in. Qt falls back to other
 # installed fonts without them, so they are recommended rather than required.
@@ -28,13 +56,36 @@ install(TARGETS brimly RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 
 # The desktop entry and the metadata, both named after the bundle identifier, which the autostart
 # entry the program writes also uses as its icon name.
-set(brimly_linux "${PROJECT_SOURCE_DIR}/packaging/linux")
 configure_file("${brimly_linux}/brimly.desktop.in" "${BRIMLY_BUNDLE_ID}.desktop" @ONLY)
 configure_file("${brimly_linux}/brimly.metainfo.xml.in" "${BRIMLY_BUNDLE_ID}.metainfo.xml" @ONLY)
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/${BRIMLY_BUNDLE_ID}.desktop"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/${BRIMLY_BUNDLE_ID}.metainfo.xml"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
+
+# The manual page and the changelog, compressed as Debian wants them (gzip -9, without the name
+# and time that would make each build differ), and the copyright notice. Debian names the
+# documentation folder after the package, in lower case.
+function(brimly_gzip source output)
+  get_filename_component(name "${output}" NAME_WLE)
+  set(copy "${CMAKE_CURRENT_BINARY_DIR}/gzip/${name}")
+  add_custom_command(OUTPUT "${output}"
+    COMMAND "${CMAKE_COMMAND}" -E copy "${source}" "${copy}"
+    COMMAND gzip -9nf "${copy}"
+    COMMAND "${CMAKE_COMMAND}" -E rename "${copy}.gz" "${output}"
+    DEPENDS "${source}"
+    COMMENT "Compressing ${name}"
+    VERBATIM)
+endfunction()
+configure_file("${brimly_linux}/brimly.1.in" brimly.1 @ONLY)
+brimly_gzip("${CMAKE_CURRENT_BINARY_DIR}/brimly.1" "${CMAKE_CURRENT_BINARY_DIR}/brimly.1.gz")
+brimly_gzip("${brimly_linux}/changelog" "${CMAKE_CURRENT_BINARY_DIR}/changelog.gz")
+add_custom_target(brimly_documents ALL
+  DEPENDS "${CMAKE_CURRENT_BINARY_DIR}/brimly.1.gz" "${CMAKE_CURRENT_BINARY_DIR}/changelog.gz")
+install(FILES "${CMAKE_CURRENT_BINARY_DIR}/brimly.1.gz" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+set(brimly_docdir "${CMAKE_INSTALL_DATADIR}/doc/brimly")
+install(FILES "${CMAKE_CURRENT_BINARY_DIR}/changelog.gz" "${brimly_linux}/copyright"
+        DESTINATION "${brimly_docdir}")
 
 # The icon: the drawing itself, and PNGs rendered from it at build time for desktops that want
 # pixels in the sizes the hicolor theme has folders for.
