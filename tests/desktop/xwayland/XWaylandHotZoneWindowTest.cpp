@@ -1,0 +1,141 @@
+// The hot zone on a real panel window of Qt's xcb platform, on a private Xvfb: what Qt does to the
+// window between its creation and its first map must leave the zone as it was set.
+#include <gtest/gtest.h>
+#include <xcb/shape.h>
+#include <xcb/xcb.h>
+#include <xcb/xtest.h>
+
+#include <QGuiApplication>
+#include <QTest>
+#include <cstdlib>
+#include <vector>
+
+#include "XvfbApplication.h"
+#include "desktop/xwayland/XWaylandHotZone.h"
+#include "panel/PanelState.h"
+#include "panel/views/PanelWindow.h"
+#include "platform/x11/X11Connection.h"
+
+namespace brimly {
+namespace {
+
+using testing::xvfbDisplay;
+using Zone = HoverZonePort::Zone;
+
+constexpr int kWaitMs = 5000;
+// The panel at the top centre of the 1512-wide screen, its closed outline 200 × 32 in its middle.
+const QRect kFrame(456, 0, 600, 148);
+const QRect kStrip(200, 0, 200, 32);
+
+class XWaylandHotZoneWindowTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (QGuiApplication::platformName() != "xcb") GTEST_SKIP() << "Xvfb is not installed";
+    probe_ = std::make_unique<X11Connection>(xvfbDisplay());
+    ASSERT_TRUE(probe_->isValid());
+    movePointer(10, 500);
+    window_.setGeometry(kFrame);
+    window_.winId();
+  }
+
+  xcb_window_t nativeWindow() const { return static_cast<xcb_window_t>(window_.winId()); }
+
+  std::vector<QRect> inputShape() const {
+    xcb_connection_t* c = probe_->get();
+    xcb_shape_get_rectangles_reply_t* reply = xcb_shape_get_rectangles_reply(
+        c, xcb_shape_get_rectangles(c, nativeWindow(), XCB_SHAPE_SK_INPUT), nullptr);
+    std::vector<QRect> rectangles;
+    if (reply == nullptr) return rectangles;
+    const xcb_rectangle_t* r = xcb_shape_get_rectangles_rectangles(reply);
+    for (int i = 0; i < xcb_shape_get_rectangles_rectangles_length(reply); ++i) {
+      rectangles.emplace_back(r[i].x, r[i].y, r[i].width, r[i].height);
+    }
+    std::free(reply);
+    return rectangles;
+  }
+
+  bool overridesRedirect() const {
+    xcb_connection_t* c = probe_->get();
+    xcb_get_window_attributes_reply_t* reply =
+        xcb_get_window_attributes_reply(c, xcb_get_window_attributes(c, nativeWindow()), nullptr);
+    const bool result = reply != nullptr && reply->override_redirect != 0;
+    std::free(reply);
+    return result;
+  }
+
+  void movePointer(int x, int y) const {
+    xcb_connection_t* c = probe_->get();
+    xcb_generic_error_t* error = xcb_request_check(
+        c, xcb_test_fake_input_checked(c, XCB_MOTION_NOTIFY, 0, XCB_CURRENT_TIME,
+                                       probe_->rootWindow(), static_cast<std::int16_t>(x),
+                                       static_cast<std::int16_t>(y), 0));
+    ASSERT_EQ(error, nullptr);
+  }
+
+  void showAndWait() {
+    window_.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_, kWaitMs));
+  }
+
+  std::unique_ptr<X11Connection> probe_;
+  PanelState state_;
+  PanelWindow window_{state_, {200, 32}, false};
+  XWaylandHotZone zone_{xvfbDisplay()};
+};
+
+TEST_F(XWaylandHotZoneWindowTest, BeforeTheFirstMapTheWindowIsOverrideRedirectWithTheClosedOutline) {
+  zone_.attach(window_);
+  EXPECT_EQ(zone_.watch(), PointerWatch::watching);
+  EXPECT_TRUE(overridesRedirect());
+  EXPECT_EQ(inputShape(), (std::vector<QRect>{kStrip}));
+}
+
+TEST_F(XWaylandHotZoneWindowTest, ShowingAndPlacingTheWindowKeepTheZone) {
+  zone_.attach(window_);
+  showAndWait();
+  window_.setFrame({456, 0, 600, 148});
+  window_.raise();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(overridesRedirect());
+  EXPECT_EQ(inputShape(), (std::vector<QRect>{kStrip}));
+}
+
+TEST_F(XWaylandHotZoneWindowTest, TheZoneFollowsTheTrackerAndTheRootView) {
+  zone_.attach(window_);
+  zone_.setZone(Zone::openCard);
+  EXPECT_EQ(inputShape(), (std::vector<QRect>{QRect(0, 0, 600, 148)}));
+  zone_.setZone(Zone::none);
+  EXPECT_TRUE(inputShape().empty());
+  zone_.setZone(Zone::closedOutline);
+  window_.rebuildRootView({180, 40}, false);  // a taller top bar: the outline follows
+  zone_.follow();
+  EXPECT_EQ(inputShape(), (std::vector<QRect>{QRect(210, 0, 180, 40)}));
+}
+
+TEST_F(XWaylandHotZoneWindowTest, ThePointerIsSeenEnteringAndLeavingTheShownZone) {
+  zone_.attach(window_);
+  showAndWait();
+  std::vector<bool> reports;
+  ASSERT_TRUE(zone_.startWatching([&](bool inside) { reports.push_back(inside); }));
+  movePointer(kFrame.x() + 300, 100);  // over the window, beside the closed outline: nothing
+  movePointer(kFrame.x() + 300, 3);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return reports.size() == 1; }, kWaitMs));
+  zone_.setZone(Zone::openCard);
+  movePointer(kFrame.x() + 300, 100);  // over the open card: still inside
+  movePointer(kFrame.x() + 300, 400);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return reports.size() == 2; }, kWaitMs));
+  EXPECT_EQ(reports, (std::vector<bool>{true, false}));
+  zone_.stopWatching();
+}
+
+TEST(XWaylandHotZoneEdge, WithoutAWindowNothingIsWatched) {
+  XWaylandHotZone zone(":4711");
+  EXPECT_EQ(zone.watch(), PointerWatch::noDisplay);
+  EXPECT_FALSE(zone.startWatching([](bool) {}));
+  zone.setZone(Zone::openCard);
+  zone.follow();
+  zone.stopWatching();
+}
+
+}  // namespace
+}  // namespace brimly
