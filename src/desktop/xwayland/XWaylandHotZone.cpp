@@ -6,6 +6,7 @@
 #include "desktop/HotZone.h"
 #include "panel/views/PanelWindow.h"
 #include "panel/views/RootView.h"
+#include "desktop/xwayland/XWaylandZoneRefresh.h"
 #include "platform/x11/X11InputZone.h"
 
 namespace brimly {
@@ -21,6 +22,8 @@ void XWaylandHotZone::attach(PanelWindow& window) {
                                            displayName_);
   native_->bypassWindowManager();
   apply();
+  refresh_ = std::make_unique<XWaylandZoneRefresh>(window, [this] { announce(); });
+  refresh_->setEnabled(zone_ != Zone::openCard);
 }
 
 void XWaylandHotZone::follow() {
@@ -52,19 +55,34 @@ void XWaylandHotZone::setZone(Zone zone) {
   if (zone == zone_) return;
   zone_ = zone;
   apply();
+  if (window_ == nullptr) return;
+  // Every frame gives the open card, the whole window, the pointer anyway.
+  refresh_->setEnabled(zone_ != Zone::openCard);
+  // A frame after the change shows the compositor the new zone.
+  window_->update();
+}
+
+void XWaylandHotZone::announce() {
+  withCornerPixel_ = !withCornerPixel_;
+  apply();
 }
 
 void XWaylandHotZone::apply() {
   if (!native_ || window_ == nullptr || window_->rootView() == nullptr) return;
   const RootView& view = *window_->rootView();
-  native_->setInputRegion(
-      inputRegion(zone_, view.metrics(), view.width(), window_->devicePixelRatioF()));
+  std::vector<QRect> region =
+      inputRegion(zone_, view.metrics(), view.width(), window_->devicePixelRatioF());
+  if (withCornerPixel_) {
+    const QSize pixels = window_->size() * window_->devicePixelRatioF();
+    region.emplace_back(pixels.width() - 1, pixels.height() - 1, 1, 1);
+  }
+  native_->setInputRegion(region);
 }
 
 std::vector<QRect> XWaylandHotZone::inputRegion(Zone zone, const RootViewMetrics& metrics,
                                                 int viewWidth, double devicePixelRatio) {
   const QRect points = hotZoneRect(zone, metrics, viewWidth);
-  if (points.isEmpty()) return {};
+  if (points.isEmpty()) return {QRect(-1, -1, 1, 1)};
   const QRectF pixels(points.x() * devicePixelRatio, points.y() * devicePixelRatio,
                       points.width() * devicePixelRatio, points.height() * devicePixelRatio);
   return {pixels.toAlignedRect()};

@@ -14,6 +14,7 @@ namespace brimly {
 
 class PanelWindow;
 class X11InputZone;
+class XWaylandZoneRefresh;
 
 // The panel's X11 window under XWayland as the place where the pointer is watched. A Wayland
 // compositor shows an X11 program the pointer only while it is over one of the program's windows,
@@ -26,6 +27,10 @@ class X11InputZone;
 // Wayland windows; a window first mapped with a larger input region over that stale position would
 // get an Enter at once, then a Leave, over and over. The zone is therefore on the window before it
 // is first mapped, and the window is never mapped with another.
+//
+// GNOME's compositor forgets the zone at the window's next frame unless it has seen it change
+// (see XWaylandZoneRefresh): each time the zone is set anew, the pixel at the window's
+// bottom-right corner (transparent, beside the card's rounded corner) joins it or leaves it.
 class XWaylandHotZone final : public HoverZonePort {
  public:
   // An empty display name means $DISPLAY.
@@ -48,17 +53,23 @@ class XWaylandHotZone final : public HoverZonePort {
 
   // The window's input region for `zone`: the hot zone of a root view `viewWidth` points wide, in
   // the window's device pixels (`devicePixelRatio` of them a point), covering every pixel the zone
-  // touches. Empty for no zone.
+  // touches. No zone is the pixel just above and left of the window, which no pointer over the
+  // window is ever in (an empty region would do for X, but is the whole window to some
+  // compositors).
   static std::vector<QRect> inputRegion(Zone zone, const RootViewMetrics& metrics, int viewWidth,
                                         double devicePixelRatio);
 
  private:
   void apply();
+  // Sets the zone anew, with or without the corner pixel, whichever it had not.
+  void announce();
 
   std::string displayName_;
   PanelWindow* window_ = nullptr;
   std::unique_ptr<X11InputZone> native_;
+  std::unique_ptr<XWaylandZoneRefresh> refresh_;
   Zone zone_ = Zone::closedOutline;
+  bool withCornerPixel_ = false;
 };
 
 }  // namespace brimly
