@@ -107,8 +107,8 @@ std::unique_ptr<DesktopIntegration> makeDesktopIntegration() {
   // The last fact: whether this build draws the panel as a layer surface (the layer-shell panel
   // is not part of it yet).
   const HoverRouteChoice choice =
-      chooseHoverRoute({QGuiApplication::platformName().toStdString(),
-                        variable("XDG_SESSION_TYPE"), compositorAnswer(), false});
+      chooseHoverRoute({QGuiApplication::platformName().toStdString(), variable("XDG_SESSION_TYPE"),
+                        compositorAnswer(), false});
   switch (choice.route) {
     case HoverRoute::xwaylandHotZone:
       return std::make_unique<XWaylandDesktopIntegration>(choice);

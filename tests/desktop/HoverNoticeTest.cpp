@@ -19,10 +19,10 @@ TEST(HoverNoticeEdge, AHeadlessPlatformSaysNothing) {
 }
 
 TEST(HoverNoticeEdge, NoRouteSaysHoverIsOffAndWhy) {
-  EXPECT_EQ(hoverNotice(HoverRouteChoice{HoverRoute::none, "Qt runs on Wayland"},
-                        PointerWatch::watching),
-            "Brimly: hovering will not open the panel (Qt runs on Wayland); keeping it pinned "
-            "open still works.");
+  EXPECT_EQ(
+      hoverNotice(HoverRouteChoice{HoverRoute::none, "Qt runs on Wayland"}, PointerWatch::watching),
+      "Brimly: hovering will not open the panel (Qt runs on Wayland); keeping it pinned "
+      "open still works.");
 }
 
 TEST(HoverNoticeEdge, AWatchThatCouldNotStartSaysWhatIsMissingInsteadOfTheRoute) {

@@ -4,22 +4,21 @@
 #include <utility>
 
 #include "desktop/HotZone.h"
+#include "desktop/xwayland/XWaylandZoneRefresh.h"
 #include "panel/views/PanelWindow.h"
 #include "panel/views/RootView.h"
-#include "desktop/xwayland/XWaylandZoneRefresh.h"
 #include "platform/x11/X11InputZone.h"
 
 namespace brimly {
 
-XWaylandHotZone::XWaylandHotZone(std::string displayName)
-    : displayName_(std::move(displayName)) {}
+XWaylandHotZone::XWaylandHotZone(std::string displayName) : displayName_(std::move(displayName)) {}
 
 XWaylandHotZone::~XWaylandHotZone() = default;
 
 void XWaylandHotZone::attach(PanelWindow& window) {
   window_ = &window;
-  native_ = std::make_unique<X11InputZone>(static_cast<std::uint32_t>(window.winId()),
-                                           displayName_);
+  native_ =
+      std::make_unique<X11InputZone>(static_cast<std::uint32_t>(window.winId()), displayName_);
   native_->bypassWindowManager();
   apply();
   refresh_ = std::make_unique<XWaylandZoneRefresh>(window, [this] { announce(); });

@@ -67,10 +67,10 @@ bool X11InputZone::setInputRegion(const std::vector<QRect>& rectangles) {
                       static_cast<std::uint16_t>(r.height())});
   }
   xcb_connection_t* c = connection_->get();
-  const bool done = accepted(
-      c, xcb_shape_rectangles_checked(c, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT,
-                                      XCB_CLIP_ORDERING_UNSORTED, window_, 0, 0,
-                                      static_cast<std::uint32_t>(region.size()), region.data()));
+  const bool done =
+      accepted(c, xcb_shape_rectangles_checked(
+                      c, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, window_,
+                      0, 0, static_cast<std::uint32_t>(region.size()), region.data()));
   // A region that shrinks away from under the pointer brings a Leave at once.
   readQueuedEventsSoon();
   return done;
@@ -81,7 +81,8 @@ bool X11InputZone::startWatching(std::function<void(bool inside)> onCrossing) {
   xcb_connection_t* c = connection_->get();
   // Each client selects its own events on a window: the application's own selection is untouched.
   const std::uint32_t crossings = XCB_EVENT_MASK_ENTER_WINDOW | XCB_EVENT_MASK_LEAVE_WINDOW;
-  if (!accepted(c, xcb_change_window_attributes_checked(c, window_, XCB_CW_EVENT_MASK, &crossings))) {
+  if (!accepted(c,
+                xcb_change_window_attributes_checked(c, window_, XCB_CW_EVENT_MASK, &crossings))) {
     return false;
   }
   onCrossing_ = std::move(onCrossing);
@@ -112,13 +113,9 @@ void X11InputZone::readQueuedEventsSoon() {
 
 void X11InputZone::releaseNotifier() {
   if (!notifier_) return;
-  if (dispatching_) {
-    // The notifier is emitting the signal that got us here; it may only go once that returns.
-    notifier_->setEnabled(false);
-    notifier_.release()->deleteLater();
-  } else {
-    notifier_.reset();
-  }
+  // Always later: the notifier may be emitting the signal that got us here.
+  notifier_->setEnabled(false);
+  notifier_.release()->deleteLater();
 }
 
 void X11InputZone::readEvents() {
@@ -138,17 +135,13 @@ void X11InputZone::readEvents() {
   }
   if (xcb_connection_has_error(c) != 0) {
     // The server went away: a closed socket stays readable, so stop listening to it.
-    dispatching_ = true;
     releaseNotifier();
-    dispatching_ = false;
     return;
   }
   if (inside && onCrossing_) {
     // A copy: the listener may stop or restart the watch from inside the call.
     const std::function<void(bool)> listener = onCrossing_;
-    dispatching_ = true;
     listener(*inside);
-    dispatching_ = false;
   }
 }
 

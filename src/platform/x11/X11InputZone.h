@@ -56,8 +56,6 @@ class X11InputZone {
 
  private:
   // Takes every queued event and tells the listener where the last crossing left the pointer.
-  // Called by the notifier, or from the event loop right after starting; the notifier goes later
-  // when released from here.
   void readEvents();
   // After waiting for a reply while watching: events read along with it are taken later.
   void readQueuedEventsSoon();
@@ -68,7 +66,6 @@ class X11InputZone {
   Failure failure_ = Failure::none;
   std::unique_ptr<QSocketNotifier> notifier_;
   std::function<void(bool)> onCrossing_;
-  bool dispatching_ = false;
 };
 
 }  // namespace brimly

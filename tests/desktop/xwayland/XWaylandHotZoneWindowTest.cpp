@@ -1,15 +1,12 @@
 // The hot zone on a real panel window of Qt's xcb platform, on a private Xvfb: what Qt does to the
 // window between its creation and its first map must leave the zone as it was set.
 #include <gtest/gtest.h>
-#include <xcb/shape.h>
-#include <xcb/xcb.h>
-#include <xcb/xtest.h>
 
 #include <QGuiApplication>
 #include <QTest>
-#include <cstdlib>
 #include <vector>
 
+#include "X11TestRequests.h"
 #include "XvfbApplication.h"
 #include "desktop/xwayland/XWaylandHotZone.h"
 #include "panel/PanelState.h"
@@ -44,39 +41,10 @@ class XWaylandHotZoneWindowTest : public ::testing::Test {
     window_.winId();
   }
 
-  xcb_window_t nativeWindow() const { return static_cast<xcb_window_t>(window_.winId()); }
-
-  std::vector<QRect> inputShape() const {
-    xcb_connection_t* c = probe_->get();
-    xcb_shape_get_rectangles_reply_t* reply = xcb_shape_get_rectangles_reply(
-        c, xcb_shape_get_rectangles(c, nativeWindow(), XCB_SHAPE_SK_INPUT), nullptr);
-    std::vector<QRect> rectangles;
-    if (reply == nullptr) return rectangles;
-    const xcb_rectangle_t* r = xcb_shape_get_rectangles_rectangles(reply);
-    for (int i = 0; i < xcb_shape_get_rectangles_rectangles_length(reply); ++i) {
-      rectangles.emplace_back(r[i].x, r[i].y, r[i].width, r[i].height);
-    }
-    std::free(reply);
-    return rectangles;
-  }
-
-  bool overridesRedirect() const {
-    xcb_connection_t* c = probe_->get();
-    xcb_get_window_attributes_reply_t* reply =
-        xcb_get_window_attributes_reply(c, xcb_get_window_attributes(c, nativeWindow()), nullptr);
-    const bool result = reply != nullptr && reply->override_redirect != 0;
-    std::free(reply);
-    return result;
-  }
-
-  void movePointer(int x, int y) const {
-    xcb_connection_t* c = probe_->get();
-    xcb_generic_error_t* error = xcb_request_check(
-        c, xcb_test_fake_input_checked(c, XCB_MOTION_NOTIFY, 0, XCB_CURRENT_TIME,
-                                       probe_->rootWindow(), static_cast<std::int16_t>(x),
-                                       static_cast<std::int16_t>(y), 0));
-    ASSERT_EQ(error, nullptr);
-  }
+  std::uint32_t nativeWindow() const { return static_cast<std::uint32_t>(window_.winId()); }
+  std::vector<QRect> inputShape() const { return testing::inputShape(*probe_, nativeWindow()); }
+  bool overridesRedirect() const { return testing::overridesRedirect(*probe_, nativeWindow()); }
+  void movePointer(int x, int y) const { testing::movePointer(*probe_, x, y); }
 
   void showAndWait() {
     window_.show();
@@ -89,7 +57,8 @@ class XWaylandHotZoneWindowTest : public ::testing::Test {
   XWaylandHotZone zone_{xvfbDisplay()};
 };
 
-TEST_F(XWaylandHotZoneWindowTest, BeforeTheFirstMapTheWindowIsOverrideRedirectWithTheClosedOutline) {
+TEST_F(XWaylandHotZoneWindowTest,
+       BeforeTheFirstMapTheWindowIsOverrideRedirectWithTheClosedOutline) {
   zone_.attach(window_);
   EXPECT_EQ(zone_.watch(), PointerWatch::watching);
   EXPECT_TRUE(overridesRedirect());

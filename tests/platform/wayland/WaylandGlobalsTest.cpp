@@ -26,7 +26,8 @@ class TinyCompositor {
     display_ = wl_display_create();
     if (wl_display_add_socket(display_, kSocket) != 0) return;
     for (const wl_interface& interface : interfaces_) {
-      wl_global_create(display_, &interface, 1, nullptr, [](wl_client*, void*, uint32_t, uint32_t) {});
+      wl_global_create(display_, &interface, 1, nullptr,
+                       [](wl_client*, void*, uint32_t, uint32_t) {});
     }
     listening_ = true;
     thread_ = std::thread([this] {
@@ -74,8 +75,7 @@ TEST(WaylandGlobals, ACompositorTellsEveryInterfaceItOffers) {
   TinyCompositor compositor(
       {namedInterface("wl_compositor"), namedInterface("zwlr_layer_shell_v1")});
   ASSERT_TRUE(compositor.isListening());
-  const std::optional<std::vector<std::string>> globals =
-      waylandGlobals(TinyCompositor::kSocket);
+  const std::optional<std::vector<std::string>> globals = waylandGlobals(TinyCompositor::kSocket);
   ASSERT_TRUE(globals.has_value());
   EXPECT_TRUE(contains(*globals, "wl_compositor"));
   EXPECT_TRUE(contains(*globals, "zwlr_layer_shell_v1"));
@@ -84,8 +84,7 @@ TEST(WaylandGlobals, ACompositorTellsEveryInterfaceItOffers) {
 TEST(WaylandGlobals, ACompositorWithoutALayerShellDoesNotNameOne) {
   TinyCompositor compositor({namedInterface("wl_compositor")});
   ASSERT_TRUE(compositor.isListening());
-  const std::optional<std::vector<std::string>> globals =
-      waylandGlobals(TinyCompositor::kSocket);
+  const std::optional<std::vector<std::string>> globals = waylandGlobals(TinyCompositor::kSocket);
   ASSERT_TRUE(globals.has_value());
   EXPECT_FALSE(contains(*globals, "zwlr_layer_shell_v1"));
 }

@@ -1,36 +1,27 @@
 #include "platform/x11/X11InputZone.h"
 
 #include <gtest/gtest.h>
-#include <xcb/shape.h>
 #include <xcb/xcb.h>
-#include <xcb/xtest.h>
 
 #include <QTest>
-#include <cstdlib>
 #include <vector>
 
+#include "X11TestRequests.h"
 #include "XvfbServer.h"
 #include "platform/x11/X11Connection.h"
 
 namespace brimly {
 namespace {
 
+using testing::inputShape;
+using testing::movePointer;
+using testing::overridesRedirect;
 using testing::XvfbServer;
 
 constexpr int kWaitMs = 5000;
 // A panel-sized window at the top centre of a 1512-wide screen, and its hot strip.
 const QRect kWindow(456, 0, 600, 148);
 const QRect kStrip(200, 0, 200, 32);
-
-// Moves the pointer as a device does (XTEST), so that the server produces crossings.
-void movePointer(const X11Connection& connection, int x, int y) {
-  xcb_connection_t* c = connection.get();
-  xcb_generic_error_t* error =
-      xcb_request_check(c, xcb_test_fake_input_checked(
-                               c, XCB_MOTION_NOTIFY, 0, XCB_CURRENT_TIME, connection.rootWindow(),
-                               static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), 0));
-  ASSERT_EQ(error, nullptr);
-}
 
 xcb_window_t createWindow(const X11Connection& connection, const QRect& frame) {
   xcb_connection_t* c = connection.get();
@@ -48,29 +39,6 @@ void map(const X11Connection& connection, xcb_window_t window) {
   xcb_connection_t* c = connection.get();
   xcb_generic_error_t* error = xcb_request_check(c, xcb_map_window_checked(c, window));
   ASSERT_EQ(error, nullptr);
-}
-
-std::vector<QRect> inputShape(const X11Connection& connection, xcb_window_t window) {
-  xcb_connection_t* c = connection.get();
-  xcb_shape_get_rectangles_reply_t* reply = xcb_shape_get_rectangles_reply(
-      c, xcb_shape_get_rectangles(c, window, XCB_SHAPE_SK_INPUT), nullptr);
-  std::vector<QRect> rectangles;
-  if (reply == nullptr) return rectangles;
-  const xcb_rectangle_t* r = xcb_shape_get_rectangles_rectangles(reply);
-  for (int i = 0; i < xcb_shape_get_rectangles_rectangles_length(reply); ++i) {
-    rectangles.emplace_back(r[i].x, r[i].y, r[i].width, r[i].height);
-  }
-  std::free(reply);
-  return rectangles;
-}
-
-bool overridesRedirect(const X11Connection& connection, xcb_window_t window) {
-  xcb_connection_t* c = connection.get();
-  xcb_get_window_attributes_reply_t* reply =
-      xcb_get_window_attributes_reply(c, xcb_get_window_attributes(c, window), nullptr);
-  const bool result = reply != nullptr && reply->override_redirect != 0;
-  std::free(reply);
-  return result;
 }
 
 class X11InputZoneTest : public ::testing::Test {
