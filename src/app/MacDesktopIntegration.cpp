@@ -102,7 +102,7 @@ void MacDesktopIntegration::controlCardShown(QWidget& card) {
   configureControlCard(id);
   // An accessory application's window takes the keyboard (Escape closes the card) only once the
   // application is active.
-  activateIgnoringOtherApplications();
+  activateApplication();
   makeKeyAndFront(id);
 }
 

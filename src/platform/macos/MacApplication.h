@@ -49,9 +49,9 @@ bool configureControlCard(std::uintptr_t windowId);
 bool configureTitledWindow(std::uintptr_t windowId, double contentWidth, double contentHeight,
                            double red, double green, double blue);
 
-// Makes this application the active one, ignoring which application the user was in: an
-// accessory application has to ask before one of its windows can take the keyboard.
-void activateIgnoringOtherApplications();
+// Asks to make this application the active one (NSApplication's activate): an accessory
+// application has to before one of its windows can take the keyboard.
+void activateApplication();
 
 // Makes the window key and puts it in front of the others (makeKeyAndOrderFront). False when the
 // id has no native window.

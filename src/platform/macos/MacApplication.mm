@@ -111,16 +111,11 @@ bool configureTitledWindow(std::uintptr_t windowId, double contentWidth, double 
   }
 }
 
-void activateIgnoringOtherApplications() {
+void activateApplication() {
   @autoreleasepool {
-    NSApplication* application = NSApplication.sharedApplication;
-    if (@available(macOS 14.0, *)) {
-      // macOS 14 may decline to activate an application the user has not turned to; the click on
-      // the menu-bar item that leads here should count as turning to it.
-      [application activate];
-    } else {
-      [application activateIgnoringOtherApps:YES];
-    }
+    // macOS 14 may decline to activate an application the user has not turned to; the click on
+    // the menu-bar item that leads here should count as turning to it.
+    [NSApplication.sharedApplication activate];
   }
 }
 

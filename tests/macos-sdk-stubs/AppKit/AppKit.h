@@ -207,8 +207,15 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
 @interface NSApplication : NSResponder
 @property(class, readonly, strong) __kindof NSApplication* sharedApplication;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
-- (void)activateIgnoringOtherApps:(BOOL)ignoreOtherApps;  // deprecated in macOS 14
-- (void)activate;                                         // macOS 14.0
+// Deprecated from macOS 14 on: the SDK's API_DEPRECATED(macos(10.6, 14.0)) warns wherever the
+// deployment target (__MAC_OS_X_VERSION_MIN_REQUIRED) is 14.0 or later.
+#if __MAC_OS_X_VERSION_MIN_REQUIRED >= 140000
+- (void)activateIgnoringOtherApps:(BOOL)ignoreOtherApps
+    __attribute__((deprecated("first deprecated in macOS 14.0")));
+#else
+- (void)activateIgnoringOtherApps:(BOOL)ignoreOtherApps;
+#endif
+- (void)activate;  // macOS 14.0
 @end
 
 extern __kindof NSApplication* _Null_unspecified NSApp;
