@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QPixmap>
 
+#include "InstalledFaces.h"
 #include "ReferenceImage.h"
 #include "about/AboutTheme.h"
 #include "about/KorvelBrand.h"
@@ -131,14 +132,16 @@ TEST_F(AboutViewTest, MatchesTheReferenceWithTheLogo) {
   QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
   AboutView view(testFont);
   EXPECT_TRUE(testing::matchesReference(render(view),
-                                        QString(BRIMLY_REFERENCE_DIR) + "/about-with-logo.png"));
+                                        QString(BRIMLY_REFERENCE_DIR) + "/about-with-logo.png",
+                                        testing::windowFaces));
 }
 
 TEST_F(AboutViewTest, MatchesTheReferenceWithTheNameForTheLogo) {
   QCoreApplication::setApplicationVersion(QString());
   AboutView view(testFont, std::nullopt);
   EXPECT_TRUE(testing::matchesReference(render(view),
-                                        QString(BRIMLY_REFERENCE_DIR) + "/about-without-logo.png"));
+                                        QString(BRIMLY_REFERENCE_DIR) + "/about-without-logo.png",
+                                        testing::windowFaces));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <QTest>
 #include <optional>
 
+#include "InstalledFaces.h"
 #include "ReferenceImage.h"
 #include "controlpanel/ControlPanelModel.h"
 #include "controlpanel/views/ActionButton.h"
@@ -54,10 +55,11 @@ TEST(ControlPanelView, TheCardIs264WideWithAnEighteenPointMarginAroundIt) {
 TEST(ControlPanelView, MatchesItsReferencePlainAndWithQuitHovered) {
   ControlPanelModel model(true, true, false, "0.1.0");
   ControlPanelView view(model);
-  EXPECT_TRUE(testing::matchesReference(onDesktop(view), referencePath("control-card.png")));
+  EXPECT_TRUE(testing::matchesReference(onDesktop(view), referencePath("control-card.png"),
+                                        testing::windowFaces));
   hover(view.button(3));
-  EXPECT_TRUE(
-      testing::matchesReference(onDesktop(view), referencePath("control-card-quit-hovered.png")));
+  EXPECT_TRUE(testing::matchesReference(
+      onDesktop(view), referencePath("control-card-quit-hovered.png"), testing::windowFaces));
 }
 
 TEST(ControlPanelView, SwitchesShowTheModelAndFollowItsChanges) {

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "PaintRecorder.h"
+#include "InstalledFaces.h"
 #include "ReferenceImage.h"
 #include "ReferenceTypography.h"
 #include "panel/PanelState.h"
@@ -331,7 +332,7 @@ TEST_F(OpenPanelTest, AnimationsEndExactlyOnTheNewValues) {
 
 TEST_F(PanelWithGridTest, MatchesTheReferenceRendering) {
   EXPECT_TRUE(testing::matchesReference(
-      render(), QString(BRIMLY_REFERENCE_DIR) + "/panel-open-with-grid.png"));
+      render(), QString(BRIMLY_REFERENCE_DIR) + "/panel-open-with-grid.png", testing::panelFaces));
 }
 
 }  // namespace

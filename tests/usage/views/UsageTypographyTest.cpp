@@ -2,22 +2,48 @@
 
 #include <gtest/gtest.h>
 
+#include <QFontDatabase>
 #include <QImage>
+#include <optional>
 
+#include "InstalledFaces.h"
 #include "ReferenceTypography.h"
 
 namespace brimly {
 namespace {
 
+// An installed family with an upright regular and bold face and none between them, as DejaVu Sans,
+// Nimbus Sans and Helvetica are; nothing when there is none.
+std::optional<QString> familyWithoutSemiboldOrMedium() {
+  for (const QString& family : QFontDatabase::families()) {
+    bool regular = false;
+    bool bold = false;
+    bool between = false;
+    for (const QString& style : QFontDatabase::styles(family)) {
+      if (QFontDatabase::italic(family, style)) continue;
+      const int weight = QFontDatabase::weight(family, style);
+      regular = regular || weight == QFont::Normal;
+      bold = bold || weight == QFont::Bold;
+      between = between || (weight > QFont::Normal && weight < QFont::Bold);
+    }
+    if (regular && bold && !between) return family;
+  }
+  return std::nullopt;
+}
+
 TEST(UsageTypographyTest, AFamilyWithoutASemiboldIsDrawnAtItsNearestLighterWeight) {
-  // DejaVu Sans has a book and a bold face: semibold would borrow the far heavier bold.
-  const UsageTypography fallback = testing::fallbackTypography();
-  EXPECT_EQ(fallback.labelWeight, QFont::Normal);
-  EXPECT_EQ(fallback.valueWeight, QFont::Normal);
-  EXPECT_EQ(fallback.detailWeight, QFont::Normal);
+  // Semibold and medium would borrow the far heavier bold.
+  const std::optional<QString> family = familyWithoutSemiboldOrMedium();
+  if (!family) GTEST_SKIP() << "no installed family has a regular and a bold face and none between";
+  const UsageTypography typography = UsageTypography::of(*family, *family);
+  EXPECT_EQ(typography.labelWeight, QFont::Normal) << family->toStdString();
+  EXPECT_EQ(typography.valueWeight, QFont::Normal) << family->toStdString();
+  EXPECT_EQ(typography.detailWeight, QFont::Normal) << family->toStdString();
+  EXPECT_EQ(typography.dashWeight, QFont::Normal) << family->toStdString();
 }
 
 TEST(UsageTypographyTest, TheDesignedFacesKeepTheirWeights) {
+  if (const auto missing = testing::missingFaces(testing::panelFaces)) GTEST_SKIP() << *missing;
   const UsageTypography designed = testing::designedTypography();
   EXPECT_EQ(designed.labelWeight, QFont::Bold);
   EXPECT_EQ(designed.valueWeight, QFont::Medium);
