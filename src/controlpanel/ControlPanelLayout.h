@@ -45,7 +45,9 @@ struct ControlPanelLayout {
   Rect sectionLabel;
   std::array<Row, 3> rows{};
   Rect secondDivider;
-  std::array<Rect, 4> buttons{};  // the buttons' backgrounds; "Quit" alone at the trailing edge
+  // The buttons' backgrounds, padded 9 beside their titles: in one row where the titles' font
+  // allows, else on as many rows as it takes; "Quit" at the trailing edge of the last.
+  std::array<Rect, 4> buttons{};
 
   static ControlPanelLayout compute(const ControlPanelMeasures& measures);
 };

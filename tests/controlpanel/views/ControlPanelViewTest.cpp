@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QEnterEvent>
+#include <QFontMetricsF>
 #include <QPalette>
 #include <QSignalSpy>
 #include <QTest>
@@ -14,6 +15,7 @@
 #include "controlpanel/ControlPanelModel.h"
 #include "controlpanel/views/ActionButton.h"
 #include "controlpanel/views/ControlPanelWindow.h"
+#include "panel/views/QtGeometry.h"
 #include "ui/Switch.h"
 #include "ui/TextStyle.h"
 
@@ -60,6 +62,21 @@ TEST(ControlPanelView, MatchesItsReferencePlainAndWithQuitHovered) {
   hover(view.button(3));
   EXPECT_TRUE(testing::matchesReference(
       onDesktop(view), referencePath("control-card-quit-hovered.png"), testing::windowFaces));
+}
+
+TEST(ControlPanelView, TheFooterButtonsKeepNinePointsBesideTheirTitlesInTheFontsInUse) {
+  ControlPanelModel model(false, false, false, "0.1.0");
+  ControlPanelView view(model);
+  const QRect card = toQRectF(view.layout().card).toRect();
+  for (std::size_t i = 0; i < 4; ++i) {
+    const ActionButton& button = view.button(i);
+    const double title = QFontMetricsF(button.font(), &view).horizontalAdvance(button.text());
+    // The title's width is rounded up to whole points before the padding goes around it.
+    EXPECT_NEAR(button.width() - title, 18.0, 1.0) << button.text().toStdString();
+    EXPECT_TRUE(card.adjusted(16, 16, -16, -16).contains(button.geometry()))
+        << button.text().toStdString();
+  }
+  EXPECT_EQ(view.button(3).geometry().right(), card.right() - 16);
 }
 
 TEST(ControlPanelView, SwitchesShowTheModelAndFollowItsChanges) {
