@@ -172,8 +172,9 @@ void AppDelegate::showControlsOnRequest() {
 }
 
 void AppDelegate::installSettingsShortcut() {
+  // Whatever window has the keyboard, the control card among them: the same as its "Settings".
   commaMonitor_ = std::make_unique<SettingsShortcutFilter>([this] {
-    if (settingsController_) settingsController_->show();
+    if (settingsController_) showSettingsBesideTheCard();
   });
   QCoreApplication::instance()->installEventFilter(commaMonitor_.get());
 }

@@ -340,17 +340,50 @@ TEST_F(AppDelegateTest, CommandCommaOpensTheSettingsFromAnyOfBrimlysWindows) {
   delegate.settingsController()->window()->hide();
 }
 
+// A window of Brimly's that keeps the keys that reach it.
+class KeyRecorder final : public QWidget {
+ public:
+  std::vector<int> keys;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override { keys.push_back(event->key()); }
+};
+
 TEST_F(AppDelegateTest, CommandOptionCommaMatchesButCommandPeriodAndAPlainCommaPassThrough) {
   AppDelegate& delegate = launch();
+  KeyRecorder window;
   QKeyEvent period(QEvent::KeyPress, Qt::Key_Period, Qt::ControlModifier, ".");
-  QApplication::sendEvent(delegate.window(), &period);
+  QApplication::sendEvent(&window, &period);
   QKeyEvent comma(QEvent::KeyPress, Qt::Key_Comma, Qt::NoModifier, ",");
-  QApplication::sendEvent(delegate.window(), &comma);
+  QApplication::sendEvent(&window, &comma);
   EXPECT_EQ(delegate.settingsController()->window(), nullptr);
+  EXPECT_EQ(window.keys, (std::vector<int>{Qt::Key_Period, Qt::Key_Comma}));
+
   QKeyEvent optionComma(QEvent::KeyPress, Qt::Key_Comma, Qt::ControlModifier | Qt::AltModifier,
                         QString());
-  QApplication::sendEvent(delegate.window(), &optionComma);
+  QApplication::sendEvent(&window, &optionComma);
   ASSERT_NE(delegate.settingsController()->window(), nullptr);
+  EXPECT_TRUE(delegate.settingsController()->window()->isVisible());
+  // The shortcut is taken: the window never sees it.
+  EXPECT_EQ(window.keys, (std::vector<int>{Qt::Key_Period, Qt::Key_Comma}));
+  delegate.settingsController()->window()->hide();
+}
+
+TEST_F(AppDelegateTest, CommandCommaInTheOpenCardOpensTheSettingsAndLeavesTheCardAsSettingsDoes) {
+  // The pop-up card of X11, which Qt closes whenever another of its windows shows.
+  desktop_.statusItem_.button = Rect{500, 700, 24, 24};
+  desktop_.popUpCard = true;
+  AppDelegate& delegate = launch();
+  desktop_.statusItem_.click();
+  ASSERT_TRUE(delegate.controlPanel()->isVisible());
+  const QPoint where = delegate.controlPanel()->pos();
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Comma, Qt::ControlModifier, ",");
+  QApplication::sendEvent(delegate.controlPanel(), &press);
+  ASSERT_NE(delegate.settingsController()->window(), nullptr);
+  EXPECT_TRUE(delegate.settingsController()->window()->isVisible());
+  EXPECT_TRUE(delegate.controlPanel()->isVisible());
+  EXPECT_EQ(delegate.controlPanel()->pos(), where);
+  delegate.controlPanel()->close();
   delegate.settingsController()->window()->hide();
 }
 
