@@ -6,7 +6,10 @@
 #include <QScreen>
 #include <QTest>
 
+#include "about/AboutTheme.h"
 #include "about/AboutView.h"
+#include "usage/Theme.h"
+#include "usage/views/QtColor.h"
 
 namespace brimly {
 namespace {
@@ -91,11 +94,17 @@ TEST(AboutWindowControllerTest, OpensInTheMiddleOfTheScreen) {
   EXPECT_LE(std::abs(centre.y() - middle.y()), 1);
 }
 
-TEST(AboutWindowControllerTest, IsDark) {
+TEST(AboutWindowControllerTest, IsDrawnDarkOnTheSurfaceColour) {
   AboutWindowController controller;
   controller.show();
-  EXPECT_LT(controller.window()->palette().color(QPalette::Window).lightness(), 64);
-  EXPECT_GT(controller.window()->palette().color(QPalette::WindowText).lightness(), 192);
+  QWidget& window = *controller.window();
+  const QColor surface = toQColor(AboutTheme::surface);
+  EXPECT_EQ(window.palette().color(QPalette::Window), surface);
+  EXPECT_EQ(window.palette().color(QPalette::WindowText), toQColor(Theme::primaryForeground));
+  // What shows, at the corners where nothing is drawn over it.
+  const QImage drawn = window.grab().toImage();
+  EXPECT_EQ(drawn.pixel(1, 1), surface.rgb());
+  EXPECT_EQ(drawn.pixel(drawn.width() - 2, drawn.height() - 2), surface.rgb());
 }
 
 }  // namespace

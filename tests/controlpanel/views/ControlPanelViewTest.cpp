@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QEnterEvent>
 #include <QFontMetricsF>
+#include <QLabel>
 #include <QPalette>
 #include <QSignalSpy>
 #include <QTest>
@@ -147,21 +148,30 @@ TEST(ControlPanelView, ALongVersionKeepsTheCardsWidthAndOneLine) {
   EXPECT_EQ(a.sizeHint(), b.sizeHint());
 }
 
+// A whole palette of the system's light or dark appearance, every role set from one base colour.
+QPalette appearance(bool dark) {
+  return dark ? QPalette(QColor(40, 40, 40), QColor(30, 30, 30))
+              : QPalette(QColor(240, 240, 240), QColor(255, 255, 255));
+}
+
 TEST(ControlPanelView, LooksTheSameWhateverTheSystemAppearance) {
-  ControlPanelModel model(false, true, false, "1");
-  ControlPanelView view(model);
-  const QImage before = rendered(view);
   const QPalette original = QApplication::palette();
-  QPalette light;
-  light.setColor(QPalette::Window, Qt::white);
-  light.setColor(QPalette::WindowText, Qt::black);
-  light.setColor(QPalette::Text, Qt::black);
-  light.setColor(QPalette::Button, Qt::white);
-  QApplication::setPalette(light);
-  ControlPanelView lightView(model);
-  const QImage after = rendered(lightView);
+  ControlPanelModel model(false, true, false, "1");
+  std::optional<QImage> card[2];
+  std::optional<QImage> label[2];
+  for (const bool dark : {false, true}) {
+    QApplication::setPalette(appearance(dark));
+    ControlPanelView view(model);
+    card[dark] = rendered(view);
+    // A widget that does follow the system's appearance, to show that the two differ.
+    QLabel follower(QStringLiteral("Brimly"));
+    follower.setAutoFillBackground(true);
+    follower.resize(80, 20);
+    label[dark] = rendered(follower);
+  }
   QApplication::setPalette(original);
-  EXPECT_EQ(before, after);
+  ASSERT_NE(label[false], label[true]);
+  EXPECT_EQ(card[false], card[true]);
 }
 
 TEST(ControlPanelView, EveryControlIsReachedWithTabAndNamed) {

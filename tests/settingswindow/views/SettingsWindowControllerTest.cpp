@@ -7,10 +7,13 @@
 #include <QTest>
 
 #include "SettingsWorld.h"
+#include "settingswindow/SettingsTheme.h"
 #include "settingswindow/views/MetricsTab.h"
 #include "settingswindow/views/SettingsView.h"
 #include "settingswindow/views/SettingsWindow.h"
 #include "settingswindow/views/TabButton.h"
+#include "ui/TextStyle.h"
+#include "usage/views/QtColor.h"
 
 namespace brimly {
 namespace {
@@ -145,10 +148,14 @@ TEST_F(SettingsWindowControllerTest, TheDesktopIsToldOnceOfTheWindowAndOfEverySh
 
 TEST_F(SettingsWindowControllerTest, TheWindowIsDrawnDarkOnTheSurfaceColour) {
   controller.show();
-  const QPalette palette = controller.window()->palette();
-  const QColor window = palette.color(QPalette::Window);
-  EXPECT_LT(window.lightness(), 60);
-  EXPECT_GT(palette.color(QPalette::WindowText).lightness(), 180);
+  QWidget& window = *controller.window();
+  const QColor surface = toQColor(SettingsTheme::surface);
+  EXPECT_EQ(window.palette().color(QPalette::Window), surface);
+  EXPECT_EQ(window.palette().color(QPalette::WindowText), textColor(TextStyle::primary));
+  // What shows, at the corners where nothing is drawn over it.
+  const QImage drawn = window.grab().toImage();
+  EXPECT_EQ(drawn.pixel(1, 1), surface.rgb());
+  EXPECT_EQ(drawn.pixel(drawn.width() - 2, drawn.height() - 2), surface.rgb());
 }
 
 }  // namespace
