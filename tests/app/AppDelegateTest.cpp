@@ -74,6 +74,10 @@ class FakeDesktop final : public DesktopIntegration {
   void prepareControlCard(QWidget&) override { ++cardPreparations; }
   void controlCardShown(QWidget&) override { ++cardShowings; }
   void titledWindowReady(QWidget& window) override { titledWindowsReady.push_back(&window); }
+  bool startWindowDrag(QWidget& window) override {
+    windowsDragged.push_back(&window);
+    return true;
+  }
 
   testing::FakeStatusItem statusItem_;
   testing::FakeOutsideClickMonitor outsideClicks_;
@@ -83,6 +87,7 @@ class FakeDesktop final : public DesktopIntegration {
   int cardPreparations = 0;
   int cardShowings = 0;
   std::vector<QWidget*> titledWindowsReady;
+  std::vector<QWidget*> windowsDragged;
 
   QtScreenPort screens_;
   FakePointerPort pointer_;
@@ -415,6 +420,26 @@ TEST_F(AppDelegateTest, TheDesktopDressesTheSettingsAndAboutWindowsWhenMadeAndEa
   QWidget* about = delegate.aboutController().window();
   EXPECT_EQ(desktop_.titledWindowsReady,
             (std::vector<QWidget*>{settings, settings, about, about, about}));
+  settings->hide();
+  about->hide();
+}
+
+TEST_F(AppDelegateTest, TheSettingsAndAboutWindowsAreMovedByTheirBackground) {
+  AppDelegate& delegate = launch();
+  ControlPanelModel::invoke(delegate.controlModel()->onOpenSettings);
+  ControlPanelModel::invoke(delegate.controlModel()->onAbout);
+  QWidget* settings = delegate.settingsController()->window();
+  QWidget* about = delegate.aboutController().window();
+  // Near the top-left corner both show only their surface.
+  QTest::mousePress(settings, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  QTest::mouseRelease(settings, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  QTest::mousePress(about, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  QTest::mouseRelease(about, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  // Shown again, each still has one drag of its own.
+  ControlPanelModel::invoke(delegate.controlModel()->onAbout);
+  QTest::mousePress(about, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  QTest::mouseRelease(about, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  EXPECT_EQ(desktop_.windowsDragged, (std::vector<QWidget*>{settings, about, about}));
   settings->hide();
   about->hide();
 }

@@ -113,4 +113,10 @@ void MacDesktopIntegration::titledWindowReady(QWidget& window) {
                         Theme::surface.green, Theme::surface.blue);
 }
 
+bool MacDesktopIntegration::startWindowDrag(QWidget& window) {
+  // Qt's content view takes every click, so AppKit never sees a drag on the window's background
+  // by itself: the press being handled is handed to it here.
+  return dragWindowFromCurrentMouseDown(nativeId(window));
+}
+
 }  // namespace brimly

@@ -49,6 +49,12 @@ bool configureControlCard(std::uintptr_t windowId);
 bool configureTitledWindow(std::uintptr_t windowId, double contentWidth, double contentHeight,
                            double red, double green, double blue);
 
+// Lets AppKit move a window of Brimly's from the left mouse-down being handled now, as the window's
+// title bar would (performWindowDragWithEvent:): Qt's content view takes every click for itself,
+// so a drag on a window's background never reaches AppKit on its own. False when the id has no
+// native window or no left mouse-down is being handled.
+bool dragWindowFromCurrentMouseDown(std::uintptr_t windowId);
+
 // Asks to make this application the active one (NSApplication's activate): an accessory
 // application has to before one of its windows can take the keyboard.
 void activateApplication();

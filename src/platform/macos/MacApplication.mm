@@ -111,6 +111,16 @@ bool configureTitledWindow(std::uintptr_t windowId, double contentWidth, double 
   }
 }
 
+bool dragWindowFromCurrentMouseDown(std::uintptr_t windowId) {
+  @autoreleasepool {
+    NSWindow* window = windowOf(windowId);
+    NSEvent* event = NSApplication.sharedApplication.currentEvent;
+    if (window == nil || event == nil || event.type != NSEventTypeLeftMouseDown) return false;
+    [window performWindowDragWithEvent:event];
+    return true;
+  }
+}
+
 void activateApplication() {
   @autoreleasepool {
     // macOS 14 may decline to activate an application the user has not turned to; the click on

@@ -39,7 +39,19 @@ typedef NS_OPTIONS(unsigned long long, NSEventMask) {
   NSEventMaskOtherMouseDragged = 1ULL << 27,
 };
 
+typedef NS_ENUM(NSUInteger, NSEventType) {
+  NSEventTypeLeftMouseDown = 1,
+  NSEventTypeLeftMouseUp = 2,
+  NSEventTypeRightMouseDown = 3,
+  NSEventTypeRightMouseUp = 4,
+  NSEventTypeMouseMoved = 5,
+  NSEventTypeLeftMouseDragged = 6,
+  NSEventTypeRightMouseDragged = 7,
+  NSEventTypeKeyDown = 10,
+};
+
 @interface NSEvent : NSObject
+@property(readonly) NSEventType type;
 + (nullable id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask
                                              handler:(void (^)(NSEvent* event))block;
 + (nullable id)addLocalMonitorForEventsMatchingMask:(NSEventMask)mask
@@ -157,6 +169,7 @@ typedef NS_ENUM(NSInteger, NSWindowTitleVisibility) {
 - (NSRect)convertRectToScreen:(NSRect)rect;  // macOS 10.7
 - (void)makeKeyAndOrderFront:(nullable id)sender;
 - (void)orderFrontRegardless;
+- (void)performWindowDragWithEvent:(NSEvent*)event;  // macOS 10.11
 @end
 
 // <AppKit/NSScreen.h>
@@ -206,6 +219,7 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
 
 @interface NSApplication : NSResponder
 @property(class, readonly, strong) __kindof NSApplication* sharedApplication;
+@property(nullable, readonly, strong) NSEvent* currentEvent;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
 // Deprecated from macOS 14 on: the SDK's API_DEPRECATED(macos(10.6, 14.0)) warns wherever the
 // deployment target (__MAC_OS_X_VERSION_MIN_REQUIRED) is 14.0 or later.
