@@ -19,6 +19,21 @@
                        alpha:(CGFloat)alpha;  // macOS 10.7
 @end
 
+// <AppKit/NSFontDescriptor.h>
+typedef NSString* NSFontDescriptorSystemDesign;
+extern NSFontDescriptorSystemDesign const NSFontDescriptorSystemDesignRounded;  // macOS 10.15
+@interface NSFontDescriptor : NSObject
+- (nullable NSFontDescriptor*)fontDescriptorWithDesign:
+    (NSFontDescriptorSystemDesign)design;  // macOS 10.15
+@end
+
+// <AppKit/NSFont.h>
+@interface NSFont : NSObject
++ (NSFont*)systemFontOfSize:(CGFloat)fontSize;
++ (nullable NSFont*)fontWithDescriptor:(NSFontDescriptor*)fontDescriptor size:(CGFloat)fontSize;
+@property(readonly, strong) NSFontDescriptor* fontDescriptor;
+@end
+
 // <AppKit/NSAppearance.h>
 typedef NSString* NSAppearanceName;
 extern NSAppearanceName const NSAppearanceNameDarkAqua;  // macOS 10.14

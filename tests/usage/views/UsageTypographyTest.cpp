@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QImage>
 #include <optional>
+#include <utility>
 
 #include "InstalledFaces.h"
 #include "ReferenceTypography.h"
@@ -48,6 +50,42 @@ TEST(UsageTypographyTest, TheDesignedFacesKeepTheirWeights) {
   EXPECT_EQ(designed.labelWeight, QFont::Bold);
   EXPECT_EQ(designed.valueWeight, QFont::Medium);
   EXPECT_EQ(designed.detailWeight, QFont::Normal);
+}
+
+TEST(UsageTypographyTest, TheSystemsRoundedDesignComesFirstForTheLabels) {
+  // Any installed family stands in for the rounded design macOS hands over.
+  const QStringList installed = QFontDatabase::families();
+  ASSERT_FALSE(installed.isEmpty());
+  const UsageTypography typography = UsageTypography::preferring(installed.last());
+  EXPECT_EQ(typography.labelFamily, installed.last());
+  EXPECT_EQ(typography.dashWeight, UsageTypography::of(installed.last(), {}).dashWeight);
+}
+
+TEST(UsageTypographyTest, WithoutItTheFirstInstalledRoundedFamilyStandsIn) {
+  if (const auto missing = testing::missingFaces({"Quicksand"})) GTEST_SKIP() << *missing;
+  const UsageTypography typography = UsageTypography::preferring({});
+  EXPECT_EQ(typography.labelFamily, QStringLiteral("Quicksand"));
+  EXPECT_EQ(typography.labelWeight, QFont::Bold);
+}
+
+TEST(UsageTypographyTest, AFontFileIsLoadedUnderItsOwnFamily) {
+  // Files that scripts/install-deps installs, and one every Mac has.
+  const std::pair<const char*, const char*> known[] = {
+      {"/usr/share/fonts/opentype/urw-base35/NimbusSans-Regular.otf", "Nimbus Sans"},
+      {"/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", "DejaVu Sans"},
+      {"/System/Library/Fonts/Helvetica.ttc", "Helvetica"}};
+  for (const auto& [file, family] : known) {
+    if (!QFileInfo::exists(QString::fromLatin1(file))) continue;
+    EXPECT_EQ(UsageTypography::familyOfFontFile(QString::fromLatin1(file)),
+              QString::fromLatin1(family));
+    return;
+  }
+  GTEST_SKIP() << "none of the font files this test knows is on this machine";
+}
+
+TEST(UsageTypographyTest, AFileThatIsNoFontGivesNoFamily) {
+  EXPECT_TRUE(UsageTypography::familyOfFontFile(QStringLiteral("/no/such/font.ttf")).isEmpty());
+  EXPECT_TRUE(UsageTypography::familyOfFontFile(QStringLiteral(__FILE__)).isEmpty());
 }
 
 TEST(UsageTypographyTest, AFamilyThatIsNotInstalledKeepsTheWeightsAskedFor) {
