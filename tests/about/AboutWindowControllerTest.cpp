@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QTest>
 
+#include "WindowColours.h"
 #include "about/AboutTheme.h"
 #include "about/AboutView.h"
 #include "usage/Theme.h"
@@ -97,14 +98,8 @@ TEST(AboutWindowControllerTest, OpensInTheMiddleOfTheScreen) {
 TEST(AboutWindowControllerTest, IsDrawnDarkOnTheSurfaceColour) {
   AboutWindowController controller;
   controller.show();
-  QWidget& window = *controller.window();
-  const QColor surface = toQColor(AboutTheme::surface);
-  EXPECT_EQ(window.palette().color(QPalette::Window), surface);
-  EXPECT_EQ(window.palette().color(QPalette::WindowText), toQColor(Theme::primaryForeground));
-  // What shows, at the corners where nothing is drawn over it.
-  const QImage drawn = window.grab().toImage();
-  EXPECT_EQ(drawn.pixel(1, 1), surface.rgb());
-  EXPECT_EQ(drawn.pixel(drawn.width() - 2, drawn.height() - 2), surface.rgb());
+  testing::expectDrawnOnSurface(*controller.window(), toQColor(AboutTheme::surface),
+                                toQColor(Theme::primaryForeground));
 }
 
 }  // namespace

@@ -32,6 +32,14 @@ class BackgroundDragTest : public ::testing::Test {
     QTest::mouseRelease(&window, button, Qt::NoModifier, window.mapFromGlobal(global));
   }
 
+  // A window system that counts the moves it is offered, and takes them or declines them.
+  BackgroundDrag::SystemMove windowSystem(bool takes) {
+    return [this, takes](QWidget&) {
+      ++systemMoves;
+      return takes;
+    };
+  }
+
   QWidget window;
   QPushButton* button = new QPushButton(QStringLiteral("Control"), &window);
   QPoint start;  // where the window's frame is before any drag
@@ -39,10 +47,7 @@ class BackgroundDragTest : public ::testing::Test {
 };
 
 TEST_F(BackgroundDragTest, ThePressGoesToTheWindowSystemFirst) {
-  BackgroundDrag moves(window, [this](QWidget&) {
-    ++systemMoves;
-    return true;
-  });
+  BackgroundDrag moves(window, windowSystem(true));
   drag(QPoint(150, 100), QPoint(40, 30));
   EXPECT_EQ(systemMoves, 1);
   // The window system moves it; Brimly does not as well.
@@ -50,10 +55,7 @@ TEST_F(BackgroundDragTest, ThePressGoesToTheWindowSystemFirst) {
 }
 
 TEST_F(BackgroundDragTest, WhereTheSystemDeclinesTheWindowFollowsThePointer) {
-  BackgroundDrag moves(window, [this](QWidget&) {
-    ++systemMoves;
-    return false;
-  });
+  BackgroundDrag moves(window, windowSystem(false));
   drag(QPoint(150, 100), QPoint(40, 30));
   EXPECT_EQ(systemMoves, 1);
   EXPECT_EQ(window.pos(), start + QPoint(40, 30));
@@ -66,10 +68,7 @@ TEST_F(BackgroundDragTest, WhereTheSystemDeclinesTheWindowFollowsThePointer) {
 }
 
 TEST_F(BackgroundDragTest, APressOnAControlIsTheControlsAlone) {
-  BackgroundDrag moves(window, [this](QWidget&) {
-    ++systemMoves;
-    return false;
-  });
+  BackgroundDrag moves(window, windowSystem(false));
   int clicks = 0;
   QObject::connect(button, &QPushButton::clicked, [&] { ++clicks; });
   QTest::mousePress(button, Qt::LeftButton, Qt::NoModifier, QPoint(10, 10));
@@ -81,10 +80,7 @@ TEST_F(BackgroundDragTest, APressOnAControlIsTheControlsAlone) {
 }
 
 TEST_F(BackgroundDragTest, OnlyTheLeftButtonDrags) {
-  BackgroundDrag moves(window, [this](QWidget&) {
-    ++systemMoves;
-    return false;
-  });
+  BackgroundDrag moves(window, windowSystem(false));
   drag(QPoint(150, 100), QPoint(40, 30), Qt::RightButton);
   EXPECT_EQ(systemMoves, 0);
   EXPECT_EQ(window.pos(), start);

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QTest>
 
+#include "WindowColours.h"
 #include "SettingsWorld.h"
 #include "settingswindow/SettingsTheme.h"
 #include "settingswindow/views/MetricsTab.h"
@@ -148,14 +149,8 @@ TEST_F(SettingsWindowControllerTest, TheDesktopIsToldOnceOfTheWindowAndOfEverySh
 
 TEST_F(SettingsWindowControllerTest, TheWindowIsDrawnDarkOnTheSurfaceColour) {
   controller.show();
-  QWidget& window = *controller.window();
-  const QColor surface = toQColor(SettingsTheme::surface);
-  EXPECT_EQ(window.palette().color(QPalette::Window), surface);
-  EXPECT_EQ(window.palette().color(QPalette::WindowText), textColor(TextStyle::primary));
-  // What shows, at the corners where nothing is drawn over it.
-  const QImage drawn = window.grab().toImage();
-  EXPECT_EQ(drawn.pixel(1, 1), surface.rgb());
-  EXPECT_EQ(drawn.pixel(drawn.width() - 2, drawn.height() - 2), surface.rgb());
+  testing::expectDrawnOnSurface(*controller.window(), toQColor(SettingsTheme::surface),
+                                textColor(TextStyle::primary));
 }
 
 }  // namespace
