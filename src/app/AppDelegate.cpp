@@ -149,7 +149,8 @@ void AppDelegate::buildControlPanel() {
 void AppDelegate::titledWindowMade(QWidget& window) {
   desktop_.titledWindowReady(window);
   // Moved by its background as by its title bar; the drag is the window's child, and goes with it.
-  new BackgroundDrag(window, [this](QWidget& dragged) { return desktop_.startWindowDrag(dragged); });
+  new BackgroundDrag(window,
+                     [this](QWidget& dragged) { return desktop_.startWindowDrag(dragged); });
 }
 
 void AppDelegate::fitControlCardToDesktop() {

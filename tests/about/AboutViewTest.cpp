@@ -131,9 +131,8 @@ TEST_F(AboutViewTest, DrawsTheApplicationsOwnIconWhenItHasOne) {
 TEST_F(AboutViewTest, MatchesTheReferenceWithTheLogo) {
   QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
   AboutView view(testFont);
-  EXPECT_TRUE(testing::matchesReference(render(view),
-                                        QString(BRIMLY_REFERENCE_DIR) + "/about-with-logo.png",
-                                        testing::windowFaces));
+  EXPECT_TRUE(testing::matchesReference(
+      render(view), QString(BRIMLY_REFERENCE_DIR) + "/about-with-logo.png", testing::windowFaces));
 }
 
 TEST_F(AboutViewTest, MatchesTheReferenceWithTheNameForTheLogo) {

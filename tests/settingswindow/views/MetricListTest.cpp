@@ -6,8 +6,8 @@
 #include <QScrollArea>
 #include <QTest>
 
-#include "MetricKindNames.h"
 #include "InstalledFaces.h"
+#include "MetricKindNames.h"
 #include "ReferenceImage.h"
 #include "SettingsWorld.h"
 #include "core/MetricOrderStore.h"

@@ -6,8 +6,8 @@
 #include <QScreen>
 #include <QTest>
 
-#include "WindowColours.h"
 #include "SettingsWorld.h"
+#include "WindowColours.h"
 #include "settingswindow/SettingsTheme.h"
 #include "settingswindow/views/MetricsTab.h"
 #include "settingswindow/views/SettingsView.h"

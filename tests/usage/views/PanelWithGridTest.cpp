@@ -7,8 +7,8 @@
 #include <QImage>
 #include <utility>
 
-#include "PaintRecorder.h"
 #include "InstalledFaces.h"
+#include "PaintRecorder.h"
 #include "ReferenceImage.h"
 #include "ReferenceTypography.h"
 #include "panel/PanelState.h"

@@ -321,9 +321,9 @@ TEST_F(UsageViewTest, MatchesTheReferenceRenderingInTheFallbackFaces) {
   MetricSample sample = busyLaptop();
   sample.gpu.reset();
   fallback.setSample(sample);
-  EXPECT_TRUE(testing::matchesReference(
-      renderOnBlack(fallback), QString(BRIMLY_REFERENCE_DIR) + "/usage-grid-fallback.png",
-      testing::panelFallbackFaces));
+  EXPECT_TRUE(testing::matchesReference(renderOnBlack(fallback),
+                                        QString(BRIMLY_REFERENCE_DIR) + "/usage-grid-fallback.png",
+                                        testing::panelFallbackFaces));
 }
 
 }  // namespace
