@@ -14,7 +14,7 @@ constexpr double aboveFirstRow = 10;
 constexpr double betweenRows = 13;
 constexpr double aroundSecondDivider = 14;
 constexpr double rowSpacing = 8;  // symbol frame, title, spacer, switch
-constexpr double footerSpacing = 4;  // between the buttons, and between their rows
+constexpr double footerSpacing = 4;
 constexpr double buttonPaddingX = 9;
 constexpr double buttonPaddingY = 5;
 
@@ -23,46 +23,41 @@ Rect centredIn(double x, double top, double height, Size size) {
   return Rect{x, top + (height - size.height) / 2.0, size.width, size.height};
 }
 
-// Places the footer's buttons from `top` between `left` and `right`, each its title padded 9 left
-// and right and 5 above and below, 4 apart: as many to a row as fit, the rest on rows below, 4
-// further down, in order; "Quit", the last, at the trailing edge of its row. The titles are
-// measured in the fonts really in use, and wherever those are too wide for one row the buttons
-// wrap rather than lose their padding; only a title too wide for a row on its own gives up its
-// padding, and a button never grows wider than the row, so that it stays inside the card.
-// Returns the bottom of the last row.
+// Places the footer's four buttons in one row from `top`, 4 apart, "Quit" alone at the trailing
+// edge: each its title padded 9 left and right and 5 above and below. The titles are measured in
+// the fonts really in use. A row too wide for the space between the card's paddings spreads
+// evenly into them, keeping the buttons' padding as long as the row fits the card at all; only a
+// row too wide for the whole card gives up padding, as little as it must, and never leaves the
+// card. Returns the row's bottom.
 double placeFooter(std::array<Rect, 4>& buttons, const std::array<Size, 4>& titles, double left,
                    double right, double top) {
-  // Across first: each button's place in its row, and the rows' heights.
-  std::array<std::size_t, 4> rowOf{};
-  std::array<double, 4> rowHeights{};
-  std::size_t row = 0;
-  double x = left;
+  double titlesWidth = 0;
+  double height = 0;
+  for (const Size& title : titles) {
+    titlesWidth += title.width;
+    height = std::max(height, title.height + 2 * buttonPaddingY);
+  }
+  const auto count = static_cast<double>(buttons.size());
+  const double spacings = footerSpacing * (count - 1);
+  const double cardLeft = left - ControlPanelLayout::padding;
+  const double cardRight = right + ControlPanelLayout::padding;
+  const double paddingX =
+      std::clamp((cardRight - cardLeft - spacings - titlesWidth) / (2 * count), 0.0, buttonPaddingX);
+  const double rowWidth = titlesWidth + 2 * paddingX * count + spacings;
+  const double overflow = std::max(0.0, rowWidth - (right - left));
+  const double rowLeft = std::max(cardLeft, left - overflow / 2);
+  const double rowRight = std::min(cardRight, right + overflow / 2);
+
+  double x = rowLeft;
   for (std::size_t i = 0; i < buttons.size(); ++i) {
     const Size title = titles[i];
-    const double rowWidth = right - left;
-    const double paddingX = std::clamp((rowWidth - title.width) / 2.0, 0.0, buttonPaddingX);
-    const Size size{std::min(title.width + 2 * paddingX, rowWidth),
-                    title.height + 2 * buttonPaddingY};
-    if (x > left && x + size.width > right) {
-      ++row;
-      x = left;
-    }
-    buttons[i] = Rect{x, 0, size.width, size.height};
-    rowOf[i] = row;
-    rowHeights[row] = std::max(rowHeights[row], size.height);
-    x += size.width + footerSpacing;
+    buttons[i] = centredIn(x, top, height, Size{title.width + 2 * paddingX,
+                                               title.height + 2 * buttonPaddingY});
+    x += buttons[i].width + footerSpacing;
   }
-  buttons.back().x = std::max(buttons.back().x, right - buttons.back().width);
-
-  // Then down: each row below the one before, each button centred in its row's height.
-  std::array<double, 4> rowTops{};
-  rowTops[0] = top;
-  for (std::size_t r = 1; r <= row; ++r)
-    rowTops[r] = rowTops[r - 1] + rowHeights[r - 1] + footerSpacing;
-  for (std::size_t i = 0; i < buttons.size(); ++i) {
-    buttons[i].y = rowTops[rowOf[i]] + (rowHeights[rowOf[i]] - buttons[i].height) / 2.0;
-  }
-  return rowTops[row] + rowHeights[row];
+  Rect& quit = buttons.back();
+  quit.x = rowRight - quit.width;
+  return top + height;
 }
 
 }  // namespace

@@ -45,8 +45,8 @@ struct ControlPanelLayout {
   Rect sectionLabel;
   std::array<Row, 3> rows{};
   Rect secondDivider;
-  // The buttons' backgrounds, padded 9 beside their titles: in one row where the titles' font
-  // allows, else on as many rows as it takes; "Quit" at the trailing edge of the last.
+  // The buttons' backgrounds in one row, padded 9 beside their titles; "Quit" alone at the
+  // trailing edge.
   std::array<Rect, 4> buttons{};
 
   static ControlPanelLayout compute(const ControlPanelMeasures& measures);

@@ -61,54 +61,37 @@ TEST(ControlPanelLayout, QuitSitsAloneAtTheTrailingEdgeAndTheOthersFollowEachOth
   EXPECT_GT(l.buttons[3].x, l.buttons[2].maxX() + 4);
 }
 
-TEST(ControlPanelLayout, TitlesTooWideForOneRowWrapQuitOntoARowOfItsOwnAndKeepTheirPadding) {
-  // DejaVu Sans's widths at 12 points, medium: 18 × 4 + 4 × 3 of padding and spacing leave 148.
+TEST(ControlPanelLayout, ARowTooWideForTheSpaceBetweenThePaddingsSpreadsIntoThemKeepingItsOwn) {
+  // 179 of titles, 18 × 4 of padding and 4 × 3 of spacing: 263, 31 more than the 232 between the
+  // card's paddings, 1 less than the card.
   ControlPanelMeasures m = typical();
-  m.buttonTitles = {Size{53, 15}, Size{70, 15}, Size{40, 15}, Size{28, 15}};
+  m.buttonTitles = {Size{50, 15}, Size{65, 15}, Size{38, 15}, Size{26, 15}};
   const ControlPanelLayout l = ControlPanelLayout::compute(m);
   for (std::size_t i = 0; i < l.buttons.size(); ++i) {
     EXPECT_EQ(l.buttons[i].width, m.buttonTitles[i].width + 18) << i;
-    EXPECT_EQ(l.buttons[i].height, 25) << i;
+    EXPECT_EQ(l.buttons[i].y, l.buttons[0].y) << i;
   }
-  EXPECT_EQ(l.buttons[0].x, 34);
+  EXPECT_EQ(l.buttons[0].x, 34 - 15.5);
   EXPECT_EQ(l.buttons[1].x, l.buttons[0].maxX() + 4);
   EXPECT_EQ(l.buttons[2].x, l.buttons[1].maxX() + 4);
-  EXPECT_EQ(l.buttons[1].y, l.buttons[0].y);
-  EXPECT_EQ(l.buttons[2].y, l.buttons[0].y);
-  EXPECT_EQ(l.buttons[3].y, l.buttons[0].maxY() + 4);
-  EXPECT_EQ(l.buttons[3].maxX(), 18 + 264 - 16);
-  // The card grows by the second row and keeps its padding under it.
-  EXPECT_EQ(l.card.maxY(), l.buttons[3].maxY() + 16);
-  EXPECT_EQ(l.card.height, ControlPanelLayout::compute(typical()).card.height + 25 + 4);
+  EXPECT_EQ(l.buttons[3].maxX(), 18 + 264 - 16 + 15.5);
+  EXPECT_EQ(l.card.height, ControlPanelLayout::compute(typical()).card.height);
 }
 
-TEST(ControlPanelLayout, EachButtonKeepsItsPaddingOnWhateverRowItTakes) {
+TEST(ControlPanelLayout, OnlyARowTooWideForTheWholeCardGivesUpPaddingAndStaysInsideIt) {
+  // 220 of titles leave 264 − 220 − 12 = 32 for eight sides: 4 each.
   ControlPanelMeasures m = typical();
-  m.buttonTitles = {Size{120, 15}, Size{110, 15}, Size{100, 15}, Size{30, 15}};
+  m.buttonTitles = {Size{60, 15}, Size{80, 15}, Size{45, 15}, Size{35, 15}};
   const ControlPanelLayout l = ControlPanelLayout::compute(m);
-  EXPECT_EQ(l.buttons[0].y + 29, l.buttons[1].y);
-  EXPECT_EQ(l.buttons[1].y + 29, l.buttons[2].y);
-  EXPECT_EQ(l.buttons[3].y, l.buttons[2].y);  // "Quit" still fits beside "About"
   for (std::size_t i = 0; i < l.buttons.size(); ++i) {
-    EXPECT_EQ(l.buttons[i].width, m.buttonTitles[i].width + 18) << i;
-    EXPECT_GE(l.buttons[i].x, 34) << i;
-    EXPECT_LE(l.buttons[i].maxX(), 18 + 264 - 16) << i;
+    EXPECT_EQ(l.buttons[i].width, m.buttonTitles[i].width + 8) << i;
+    EXPECT_EQ(l.buttons[i].height, 25) << i;
   }
-  EXPECT_EQ(l.buttons[3].maxX(), 18 + 264 - 16);
-}
-
-TEST(ControlPanelLayout, OnlyATitleTooWideForTheCardGivesUpItsPaddingAndStaysInside) {
-  ControlPanelMeasures m = typical();
-  m.buttonTitles = {Size{38, 15}, Size{226, 15}, Size{300, 15}, Size{22, 15}};
-  const ControlPanelLayout l = ControlPanelLayout::compute(m);
-  EXPECT_EQ(l.buttons[0].width, 38 + 18);
-  EXPECT_EQ(l.buttons[1].width, 232);  // 3 of padding on each side
-  EXPECT_EQ(l.buttons[2].width, 232);  // none, and cut to the card
-  EXPECT_EQ(l.buttons[3].width, 22 + 18);
-  for (const Rect& button : l.buttons) {
-    EXPECT_GE(button.x, 34);
-    EXPECT_LE(button.maxX(), 18 + 264 - 16);
+  EXPECT_EQ(l.buttons[0].x, l.card.x);
+  for (std::size_t i = 0; i + 1 < l.buttons.size(); ++i) {
+    EXPECT_LE(l.buttons[i].maxX() + 4, l.buttons[i + 1].x + 1e-9) << i;
   }
+  EXPECT_EQ(l.buttons[3].maxX(), l.card.maxX());
 }
 
 TEST(ControlPanelLayout, ALongVersionDoesNotWidenTheCard) {

@@ -100,10 +100,7 @@ open_card() {
   eventually 5 card_shown || return 1
   read -r card_x card_y card_w card_h < <(window_geometry 'Brimly controls')
   card_left=$((card_x + 18))
-  # DejaVu's titles are too wide for one row with their padding: "Quit" takes a second row. Each
-  # row is 24 high, 4 apart, and the card's padding (16) and shadow margin (18) lie under the last.
-  quit_y=$((card_y + card_h - 18 - 16 - 12))
-  footer_y=$((quit_y - 24 - 4))
+  footer_y=$((card_y + card_h - 18 - 16 - 12))
 }
 # The TEMP cell of the default order: the middle of the open panel's second row.
 temp_cell() { shot -crop 200x60+$((width / 2 - 100))+84 +repage "$1"; }
@@ -271,7 +268,7 @@ check "Escape hides it again" eventually 3 test -z "$(window_named 'Brimly Setti
 
 # --- About ---------------------------------------------------------------------------------------
 open_card
-click_at $((card_left + 206)) $footer_y
+click_at $((card_left + 190)) $footer_y
 check "\"About\" opens the window \"About Brimly\"" eventually 5 test -n "$(window_named 'About Brimly')"
 check "\"About\" closes the card" eventually 3 card_hidden
 read -r about_x about_y about_w about_h < <(window_geometry 'About Brimly')
@@ -290,7 +287,7 @@ fi
 
 # --- quit ----------------------------------------------------------------------------------------
 open_card
-click_at $((card_left + 228)) $quit_y
+click_at $((card_left + 240)) $footer_y
 check "\"Quit\" ends Brimly" eventually 5 bash -c "! kill -0 $app_pid 2>/dev/null"
 wait $app_pid
 status=$?
