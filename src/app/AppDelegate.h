@@ -16,6 +16,7 @@
 #include "settings/AppSettings.h"
 
 class QScreen;
+class QWidget;
 
 namespace brimly {
 
@@ -80,6 +81,9 @@ class AppDelegate : public QObject {
   void buildStatusItem();
   void buildControlPanel();
   void showSettingsBesideTheCard();
+  // The settings or About window has just been made: dressed by the desktop, and movable by its
+  // background.
+  void titledWindowMade(QWidget& window);
   void fitControlCardToDesktop();
   void installSettingsShortcut();
   void removeSettingsShortcut();

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <vector>
 
 #include "FakeControlPanelPorts.h"
@@ -150,13 +151,21 @@ TEST_F(ControlPanelControllerTest, ShownAgainItComesBackAtTheAnchorItWasLastShow
 
 TEST_F(ControlPanelControllerTest, AMonitorThatOutlivesTheControllerDoesNothing) {
   FakeCard otherCard;
+  std::function<void(Point)> lateClick;
   {
     ControlPanelController shortLived(statusItem, monitor, otherCard, nullptr);
     shortLived.showControlPanel();
-    EXPECT_EQ(monitor.live.size(), 1u);
+    ASSERT_EQ(monitor.live.size(), 1u);
+    // What a system holds on to when a click was on its way as the monitor went.
+    lateClick = monitor.live.begin()->second;
   }
-  // Destroying it removed its monitor.
+  // Destroying it removed its monitor…
   EXPECT_TRUE(monitor.live.empty());
+  // … and a click that still arrives reaches no controller: the card is not closed again.
+  const int closes = otherCard.closes;
+  lateClick(Point{10, 10});
+  EXPECT_EQ(otherCard.closes, closes);
+  EXPECT_TRUE(otherCard.visible);
 }
 
 }  // namespace
