@@ -40,6 +40,7 @@ AppDelegate::AppDelegate(const PlatformFactory& platform, KeyValueStore& default
       proximity_(panelState_, monitor_, scheduler_, tracker_),
       launch_(proximity_, tracker_, monitor_),
       aboutController_(std::make_unique<AboutWindowController>()) {
+  settings_.setWriteFailureLog(writeSystemLogLine);
   aboutController_->onWindowMade = [this](QWidget& window) { desktop_.titledWindowReady(window); };
   aboutController_->onShown = aboutController_->onWindowMade;
 }
