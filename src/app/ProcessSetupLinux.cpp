@@ -1,7 +1,12 @@
 #include "app/ProcessSetup.h"
 
+#include <unistd.h>
+
 #include <QCoreApplication>
+#include <QFile>
 #include <cstdio>
+#include <string>
+
 #include "app/ControlsRequest.h"
 #include "app/SingleInstanceLock.h"
 
@@ -10,6 +15,22 @@
 #include "settings/QSettingsStore.h"
 
 namespace brimly {
+
+namespace {
+
+// The running program's path as the system has it, bytes no text can hold included (Qt's own
+// answer loses them).
+std::string executablePath() {
+  std::string path(4096, '\0');
+  const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
+  if (length <= 0 || static_cast<std::size_t>(length) >= path.size()) {
+    return QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString();
+  }
+  path.resize(static_cast<std::size_t>(length));
+  return path;
+}
+
+}  // namespace
 
 bool claimSingleInstance() {
   // The lock lives as long as the process: releasing it would let a second Brimly start.
@@ -57,7 +78,7 @@ std::string applicationShortVersion() {
 }
 
 std::unique_ptr<LoginItemPort> makeLoginItem() {
-  return XdgAutostartLoginItem::forThisUser(QCoreApplication::applicationFilePath());
+  return XdgAutostartLoginItem::forThisUser(executablePath());
 }
 
 }  // namespace brimly
