@@ -226,6 +226,7 @@ void AppDelegate::queueScreenParamsChanged() {
 }
 
 void AppDelegate::screenParamsChanged() {
+  if (controlPanel_) controlPanel_->screensChanged();
   recomputeNotch();
   if (window_) {
     window_->rebuildRootView(notchSize_, placement_.hasNotch);
