@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,16 +24,5 @@ bool wantsVersion(const std::vector<std::string>& arguments);
 std::string usageText();
 // What `brimly --version` prints for the version text `version` ("0.1.0", or "dev").
 std::string versionLine(const std::string& version);
-
-// The options by which the command line picks Qt's window system, read the way Qt reads them:
-// "-platform <name>", "-platformpluginpath <folder>" and, for X11, "-display <name>", each also
-// with two dashes, the value in the next argument; the last one given counts. The program name is
-// not an option.
-struct QtPlatformArguments {
-  std::optional<std::string> platform;
-  std::optional<std::string> pluginPath;
-  std::optional<std::string> display;
-};
-QtPlatformArguments qtPlatformArguments(const std::vector<std::string>& arguments);
 
 }  // namespace brimly

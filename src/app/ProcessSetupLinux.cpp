@@ -1,34 +1,15 @@
 #include "app/ProcessSetup.h"
 
-#include <unistd.h>
-
-#include <QCoreApplication>
-#include <QFile>
-#include <string>
-
 #include "app/ControlsRequest.h"
 #include "app/RuntimeDirectory.h"
 #include "app/SingleInstanceLock.h"
 #include "core/BuildInfo.h"
 #include "platform/StandardErrorLine.h"
-#include "platform/linux/XdgAutostartLoginItem.h"
 #include "settings/QSettingsStore.h"
 
 namespace brimly {
 
 namespace {
-
-// The running program's path as the system has it, bytes no text can hold included (Qt's own
-// answer loses them).
-std::string executablePath() {
-  std::string path(4096, '\0');
-  const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
-  if (length <= 0 || static_cast<std::size_t>(length) >= path.size()) {
-    return QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString();
-  }
-  path.resize(static_cast<std::size_t>(length));
-  return path;
-}
 
 void printLine(const QString& line) {
   writeStandardErrorLine(line.toStdString());
@@ -94,10 +75,6 @@ std::unique_ptr<KeyValueStore> makeDefaultsStore() {
 
 std::string applicationShortVersion() {
   return BuildInfo::shortVersion;
-}
-
-std::unique_ptr<LoginItemPort> makeLoginItem() {
-  return XdgAutostartLoginItem::forThisUser(executablePath());
 }
 
 }  // namespace brimly

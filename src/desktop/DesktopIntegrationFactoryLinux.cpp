@@ -1,4 +1,7 @@
+#include <unistd.h>
+
 #include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -7,11 +10,12 @@
 #include <cstdlib>
 #include <memory>
 
-#include "app/CommandLine.h"
-#include "app/DesktopIntegrationFactory.h"
-#include "app/DisplayCheck.h"
-#include "app/PlainDesktopIntegration.h"
-#include "app/X11DesktopIntegration.h"
+#include "desktop/DesktopIntegrationFactory.h"
+#include "desktop/DisplayCheck.h"
+#include "desktop/QtPlatformArguments.h"
+#include "desktop/none/PlainDesktopIntegration.h"
+#include "desktop/x11/X11DesktopIntegration.h"
+#include "platform/linux/XdgAutostartLoginItem.h"
 #include "platform/x11/X11Desktop.h"
 
 namespace brimly {
@@ -54,6 +58,18 @@ std::vector<std::string> installedPlatforms(const QtPlatformArguments& options) 
     }
   }
   return keys;
+}
+
+// The running program's path as the system has it, bytes no text can hold included (Qt's own
+// answer loses them).
+std::string executablePath() {
+  std::string path(4096, '\0');
+  const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
+  if (length <= 0 || static_cast<std::size_t>(length) >= path.size()) {
+    return QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString();
+  }
+  path.resize(static_cast<std::size_t>(length));
+  return path;
 }
 
 // The connection that found the X server answering, kept open until the application has made its
@@ -100,6 +116,10 @@ std::unique_ptr<DesktopIntegration> makeDesktopIntegration() {
   // A native Wayland desktop lets no program follow the pointer; say so. Headless platforms
   // (offscreen, minimal, vnc) were chosen on purpose and need no word.
   return std::make_unique<PlainDesktopIntegration>(platform.startsWith("wayland"));
+}
+
+std::unique_ptr<LoginItemPort> makeLoginItem() {
+  return XdgAutostartLoginItem::forThisUser(executablePath());
 }
 
 }  // namespace brimly
