@@ -351,6 +351,23 @@ TEST(XdgAutostartForThisUser, EntryGoesBelowHomeWithoutXdgConfigHome) {
             "/home/ann/.config/autostart/app.brimly.Brimly.desktop");
 }
 
+TEST(XdgAutostartForThisUser, RelativeXdgConfigHomeIsIgnoredAndANonUtf8OneIsUsedAsItIs) {
+  // The same folder the settings store takes (QSettingsStoreTest checks it there).
+  {
+    const EnvironmentOverride config("XDG_CONFIG_HOME", "relative/config");
+    const EnvironmentOverride home("HOME", "/home/ann");
+    EXPECT_EQ(XdgAutostartLoginItem::forThisUser("/usr/bin/brimly")->entryPath(),
+              "/home/ann/.config/autostart/app.brimly.Brimly.desktop");
+  }
+  TemporaryTree tree;
+  const std::string strange = tree.root() + "/conf-\xff";
+  const EnvironmentOverride config("XDG_CONFIG_HOME", QByteArray::fromStdString(strange));
+  const auto login = XdgAutostartLoginItem::forThisUser("/usr/bin/brimly");
+  EXPECT_EQ(login->setEnabled(true), std::nullopt);
+  EXPECT_EQ(::access((strange + "/autostart/app.brimly.Brimly.desktop").c_str(), R_OK), 0);
+  EXPECT_TRUE(login->isEnabled());
+}
+
 TEST(XdgAutostartForThisUser, StartsTheGivenProgram) {
   TemporaryTree tree;
   const EnvironmentOverride config("XDG_CONFIG_HOME", QByteArray::fromStdString(tree.root()));
