@@ -101,16 +101,30 @@ class ControlsRequestTest : public ::testing::Test {
                            kPatienceMs);
   }
 
+  // The socket path as the system's calls take it.
+  sockaddr_un socketAddress() const {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const QByteArray path = QFile::encodeName(socketPath());
+    EXPECT_LT(static_cast<std::size_t>(path.size()), sizeof address.sun_path);
+    std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
+    return address;
+  }
+  // Binds `fd` to the socket path, or connects it there; true when that worked.
+  bool bindToSocketPath(int fd) const {
+    const sockaddr_un address = socketAddress();
+    return ::bind(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+  }
+  bool connectToSocketPath(int fd) const {
+    const sockaddr_un address = socketAddress();
+    return ::connect(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+  }
+
   // A socket file as a crashed instance leaves it: bound, then closed without being removed.
   void leaveStaleSocket() const {
     const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
     ASSERT_GE(fd, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    const QByteArray path = QFile::encodeName(socketPath());
-    ASSERT_LT(static_cast<std::size_t>(path.size()), sizeof address.sun_path);
-    std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
-    ASSERT_EQ(::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_TRUE(bindToSocketPath(fd));
     ::close(fd);
     ASSERT_TRUE(QFileInfo::exists(socketPath()));
   }
@@ -118,12 +132,7 @@ class ControlsRequestTest : public ::testing::Test {
   // A socket listening at the path, as a program of someone else's would hold it; -1 on failure.
   int listenLikeAnotherProgram() const {
     const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    const QByteArray path = QFile::encodeName(socketPath());
-    std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
-    if (::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
-        ::listen(fd, 8) != 0) {
+    if (!bindToSocketPath(fd) || ::listen(fd, 8) != 0) {
       ::close(fd);
       return -1;
     }
@@ -211,11 +220,7 @@ TEST_F(ControlsRequestTest, ChannelKeepsListeningWhenTheProcessRunsOutOfDescript
     // Every descriptor this process may have is taken; then a later launch connects.
     DescriptorsUsedUp exhausted;
     ASSERT_TRUE(exhausted.ok());
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    const QByteArray path = QFile::encodeName(socketPath());
-    std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
-    ASSERT_EQ(::connect(client, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_TRUE(connectToSocketPath(client));
     const qsizetype length = qstrlen(ControlsRequestServer::kRequestLine);
     ASSERT_EQ(::write(client, ControlsRequestServer::kRequestLine, length), length);
     // The server is told of the connection and cannot accept it.

@@ -10,18 +10,12 @@ set -uo pipefail
 
 app=$1
 version=$2
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+# The checks' bookkeeping and a private folder; no screen is started.
+# shellcheck source=virtual-desktop.sh
+source "$(dirname "$0")/virtual-desktop.sh"
 export XDG_RUNTIME_DIR="$work/runtime" XDG_CONFIG_HOME="$work/config" TMPDIR="$work/tmp"
 mkdir -m 700 "$XDG_RUNTIME_DIR" "$TMPDIR"
 unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM XDG_SESSION_TYPE
-
-failures=0
-check() {  # check <description> <command…>
-  local description=$1
-  shift
-  if "$@"; then echo "ok    $description"; else echo "FAIL  $description"; failures=$((failures + 1)); fi
-}
 # run <stdout redirection> <arguments…>: status in $status, stderr in $work/err, stdout in $work/out
 run() {
   local redirect=$1
