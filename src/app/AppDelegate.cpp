@@ -41,6 +41,7 @@ AppDelegate::AppDelegate(const PlatformFactory& platform, KeyValueStore& default
       proximity_(panelState_, monitor_, scheduler_, tracker_),
       launch_(proximity_, tracker_, monitor_),
       aboutController_(std::make_unique<AboutWindowController>()) {
+  settings_.setWriteFailureLog(writeSystemLogLine);
   aboutController_->onWindowMade = [this](QWidget& window) { titledWindowMade(window); };
   aboutController_->onShown = [this](QWidget& window) { desktop_.titledWindowReady(window); };
 }
@@ -234,6 +235,7 @@ void AppDelegate::queueScreenParamsChanged() {
 }
 
 void AppDelegate::screenParamsChanged() {
+  if (controlPanel_) controlPanel_->screensChanged();
   recomputeNotch();
   if (window_) {
     window_->rebuildRootView(notchSize_, placement_.hasNotch);

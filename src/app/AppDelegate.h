@@ -51,8 +51,9 @@ class AppDelegate : public QObject {
   void applicationDidFinishLaunching();
   // Stops sampling and pointer tracking, and stops watching for the settings shortcut.
   void applicationWillTerminate();
-  // Re-measures the notch, rebuilds the root view for it, re-aims the tracker and re-places the
-  // panel. Screen signals arrive in bursts, so they ask for this once, after the burst.
+  // Closes an open control card, re-measures the notch, rebuilds the root view for it, re-aims the
+  // tracker and re-places the panel. Screen signals arrive in bursts, so they ask for this once,
+  // after the burst.
   void screenParamsChanged();
 
   SystemMonitor& monitor() { return monitor_; }

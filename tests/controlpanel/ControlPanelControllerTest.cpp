@@ -61,6 +61,22 @@ TEST_F(ControlPanelControllerTest, AClickShowsTheCardUnderTheItemAndASecondClick
   EXPECT_FALSE(controller.hasOutsideClickMonitor());
 }
 
+TEST_F(ControlPanelControllerTest, AChangeOfTheScreensClosesAnOpenCardAndItsMonitor) {
+  controller.showControlPanel();
+  controller.screensChanged();
+  EXPECT_FALSE(card.visible);
+  EXPECT_EQ(card.closes, 1);
+  EXPECT_FALSE(controller.hasOutsideClickMonitor());
+  // A closed card stays closed, and the next click opens it under the item as it is now.
+  controller.screensChanged();
+  EXPECT_EQ(card.closes, 1);
+  statusItem.button = Rect{500, 745, 24, 37};
+  statusItem.buttonScreen = Rect{0, 0, 1024, 745};
+  controller.statusItemClicked();
+  ASSERT_TRUE(card.visible);
+  EXPECT_DOUBLE_EQ(card.shownAt.back().y, 745 - 330);
+}
+
 TEST_F(ControlPanelControllerTest, ShowingRefreshesTheSwitchesFirst) {
   controller.showControlPanel();
   controller.closeControlPanel();
