@@ -27,7 +27,8 @@ std::optional<Point> toDesktopPoint(Point rootPixels) {
 }  // namespace
 
 X11DesktopIntegration::X11DesktopIntegration(HoverRouteChoice route)
-    : route_(std::move(route)),
+    : TrayDesktopIntegration(/*pointerReadable=*/true),
+      route_(std::move(route)),
       pointer_(std::make_unique<X11PointerPort>(toDesktopPoint)),
       desktop_(std::make_unique<X11Desktop>()),
       compositor_(std::make_unique<X11CompositorWatch>()) {}
