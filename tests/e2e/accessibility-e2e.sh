@@ -79,9 +79,4 @@ else
   check "\"Quit\", pressed through the client, ends Brimly with status 0" test "$status" = 0
 fi
 
-if [ -s "$work/brimly.err" ]; then
-  echo "      brimly wrote on stderr:"
-  sed 's/^/      | /' "$work/brimly.err"
-fi
-[ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
-exit $((failures > 0))
+finish

@@ -11,18 +11,15 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-MetricSample chargingLaptop() {
-  MetricSample sample;
-  sample.cpu = 0.31;
-  sample.gpu = 0.07;
-  sample.memoryUsedBytes = 8ull << 30;
-  sample.memoryTotalBytes = 16ull << 30;
-  sample.memory = 0.5;
-  sample.temperatureC = 51.0;
-  sample.powerState = PowerState::charging(12.0);
-  sample.batteryPercent = 80;
-  return sample;
-}
+const MetricSample chargingLaptop{.cpu = 0.31,
+                                  .gpu = 0.07,
+                                  .memoryUsedBytes = 8ull << 30,
+                                  .memoryTotalBytes = 16ull << 30,
+                                  .memory = 0.5,
+                                  .powerState = PowerState::charging(12.0),
+                                  .batteryPercent = 80,
+                                  .temperatureC = 51.0,
+                                  .systemPowerWatts = std::nullopt};
 
 TEST(PanelAccessibility, ThePanelIsAWindowWithItsTitle) {
   PanelState state;
@@ -35,7 +32,7 @@ TEST(PanelAccessibility, ThePanelIsAWindowWithItsTitle) {
 
 TEST(PanelAccessibility, EachCellIsReadAsItsNameAndValueWithItsDetailLine) {
   UsageView grid(3, UsageView::panelCellWidth);
-  grid.setSample(chargingLaptop());
+  grid.setSample(chargingLaptop);
   grid.setMetricOrder({MetricKind::cpu, MetricKind::ram, MetricKind::temp, MetricKind::gpu});
   const AccessibleNode tree = readAccessible(grid);
   EXPECT_EQ(accessibleNames(tree, QAccessible::StaticText, true),
@@ -54,7 +51,7 @@ TEST(PanelAccessibility, EachCellIsReadAsItsNameAndValueWithItsDetailLine) {
 
 TEST(PanelAccessibility, TheCellsAreHiddenWhileTheGridIs) {
   UsageView grid(3, UsageView::panelCellWidth);
-  grid.setSample(chargingLaptop());
+  grid.setSample(chargingLaptop);
   EXPECT_TRUE(accessibleNames(readAccessible(grid), QAccessible::StaticText).empty());
   grid.show();
   EXPECT_EQ(accessibleNames(readAccessible(grid), QAccessible::StaticText).size(), 6u);
