@@ -34,6 +34,11 @@ std::vector<std::string> accessibleNames(const AccessibleNode& root, QAccessible
 // The first node of `role` named `name` under `root`; null when there is none.
 const AccessibleNode* findAccessible(const AccessibleNode& root, QAccessible::Role role,
                                      const std::string& name);
+// The nodes found point into `root`, which must outlive them.
+std::vector<const AccessibleNode*> findAccessible(
+    AccessibleNode&& root, const std::function<bool(const AccessibleNode&)>& wanted) = delete;
+const AccessibleNode* findAccessible(AccessibleNode&& root, QAccessible::Role role,
+                                     const std::string& name) = delete;
 // The tree as indented lines, for a failing test's message.
 std::string describeAccessible(const AccessibleNode& root);
 

@@ -71,8 +71,8 @@ TEST_P(ControlCardAccessibilityTest, AClosedCardIsNotReadAsOpen) {
 TEST_P(ControlCardAccessibilityTest, ASwitchReadsTheModelAsItChanges) {
   open();
   model.setPinned(true);
-  const AccessibleNode* pin =
-      findAccessible(readAccessible(window), QAccessible::CheckBox, "Keep panel visible");
+  const AccessibleNode tree = readAccessible(window);
+  const AccessibleNode* pin = findAccessible(tree, QAccessible::CheckBox, "Keep panel visible");
   ASSERT_NE(pin, nullptr);
   EXPECT_TRUE(pin->state.checked);
 }

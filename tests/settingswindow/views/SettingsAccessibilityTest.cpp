@@ -27,7 +27,7 @@ class SettingsAccessibilityTest : public ::testing::Test {
   SettingsAccessibilityTest() { window.show(); }
 
   AccessibleNode tree() { return readAccessible(window); }
-  // The node of `role` named `name`, which a test needs to go on.
+  // The node of `role` named `name` under `root`, which a test needs to go on.
   const AccessibleNode& only(const AccessibleNode& root, QAccessible::Role role,
                              const std::string& name) {
     const AccessibleNode* node = findAccessible(root, role, name);
@@ -38,6 +38,8 @@ class SettingsAccessibilityTest : public ::testing::Test {
     }
     return *node;
   }
+  const AccessibleNode& only(AccessibleNode&& root, QAccessible::Role role,
+                             const std::string& name) = delete;
 
   SettingsWorld world;
   SettingsWindow window{world.settings, world.control, world.monitor};
@@ -179,9 +181,10 @@ TEST_F(SettingsAccessibilityTest, EveryTabStopIsNamedAndShowsInEveryTab) {
     }
     EXPECT_EQ(named.size(), stops.size()) << "each control once a round";
     // They are all the focusable objects on show: nothing else is a Tab stop.
+    const AccessibleNode root = tree();
     const std::vector<const AccessibleNode*> focusable = findAccessible(
-        tree(), [](const AccessibleNode& node) { return node.state.focusable && node.showing(); });
-    EXPECT_EQ(focusable.size(), stops.size()) << describeAccessible(tree());
+        root, [](const AccessibleNode& node) { return node.state.focusable && node.showing(); });
+    EXPECT_EQ(focusable.size(), stops.size()) << describeAccessible(root);
   }
 }
 
