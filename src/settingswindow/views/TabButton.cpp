@@ -82,9 +82,8 @@ void TabButton::paintEvent(QPaintEvent*) {
     painter.drawRoundedRect(frame.adjusted(0.75, 0.75, -0.75, -0.75), radius - 0.75, radius - 0.75);
   }
   const QColor colour = foreground();
-  painter.drawImage(toQRectF(placed_.symbol),
-                    renderSymbol(fromView(tab_.symbolName()), SettingsViewLayout::tabSymbolSize,
-                                 colour, devicePixelRatioF()));
+  paintSymbol(painter, fromView(tab_.symbolName()), SettingsViewLayout::tabSymbolSize, colour,
+              toQRectF(placed_.symbol).center());
   painter.setPen(colour);
   painter.setFont(font());
   painter.drawText(toQRectF(placed_.title), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

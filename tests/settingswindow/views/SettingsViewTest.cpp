@@ -129,6 +129,17 @@ TEST_F(SettingsViewTest, MetricsWithOneMetricHiddenMatchesItsReference) {
                                         testing::windowAndRoundedFaces));
 }
 
+TEST_F(SettingsViewTest, GeneralAndMetricsMatchTheirReferencesAtTwoTimes) {
+  // The symbols of both tabs and the tab bar, drawn for a screen of two pixels a point.
+  world.control.setPinned(true);
+  EXPECT_TRUE(testing::matchesReference(rendered(view, 2.0), referencePath("settings-general-2x.png"),
+                                        testing::windowAndRoundedFaces));
+  world.settings.setMetric(MetricKind::disk, false);
+  view.setTab(SettingsTab::metrics);
+  EXPECT_TRUE(testing::matchesReference(rendered(view, 2.0), referencePath("settings-metrics-2x.png"),
+                                        testing::windowAndRoundedFaces));
+}
+
 TEST_F(SettingsViewTest, AppearanceMatchesItsReference) {
   view.setTab(SettingsTab::appearance);
   EXPECT_TRUE(testing::matchesReference(rendered(view), referencePath("settings-appearance.png"),
