@@ -15,7 +15,7 @@ namespace brimly {
 // is read from the application on every paint, so it is never stale.
 class AboutView : public QWidget {
  public:
-  // `fontFamily` empty means the system's default sans-serif; `logo` is the maker's wordmark,
+  // `fontFamily` empty means the windows' family (`windowFamily`); `logo` is the maker's wordmark,
   // absent to spell the name out instead.
   explicit AboutView(QString fontFamily = {}, std::optional<QImage> logo = defaultLogo(),
                      QWidget* parent = nullptr);
