@@ -122,8 +122,8 @@ QImage renderSymbol(const QString& symbolName, double pointSize, const QColor& c
 void paintSymbol(QPainter& painter, const QString& symbolName, double pointSize,
                  const QColor& colour, QPointF centre) {
   const QPaintEngine* engine = painter.paintEngine();
-  const qreal ratio = engine && engine->paintDevice() ? engine->paintDevice()->devicePixelRatioF()
-                                                      : 1.0;
+  const qreal ratio =
+      engine && engine->paintDevice() ? engine->paintDevice()->devicePixelRatioF() : 1.0;
   const QImage symbol = renderSymbol(symbolName, pointSize, colour, ratio);
   if (symbol.isNull()) return;
   const QSizeF size = symbol.deviceIndependentSize();

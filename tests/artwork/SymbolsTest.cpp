@@ -188,9 +188,9 @@ TEST(SymbolsTest, TheStraightStrokesFallOnWholePixelsAtOneAndTwoTimes) {
     double pointSize;
     double solid;  // the least share of fully inked pixels
   };
-  for (const Straight& symbol : {Straight{"line.3.horizontal", 11, 1.0},
-                                 Straight{"square.grid.2x2", 11, 0.75},
-                                 Straight{"pin", 12.5, 0.7}}) {
+  for (const Straight& symbol :
+       {Straight{"line.3.horizontal", 11, 1.0}, Straight{"square.grid.2x2", 11, 0.75},
+        Straight{"pin", 12.5, 0.7}}) {
     for (const double ratio : {1.0, 2.0}) {
       EXPECT_GE(solidShare(renderSymbol(symbol.name, symbol.pointSize, orange, ratio)),
                 symbol.solid)
@@ -281,10 +281,10 @@ QImage contactSheet(double ratio) {
 
 TEST(SymbolsTest, MatchesTheReferenceSheetsAtOneAndTwoTimes) {
   if (systemDrawsTheSymbols) GTEST_SKIP() << systemSymbolsReason;
-  EXPECT_TRUE(
-      testing::matchesReference(contactSheet(1.0), QString(BRIMLY_REFERENCE_DIR) + "/symbols-1x.png"));
-  EXPECT_TRUE(
-      testing::matchesReference(contactSheet(2.0), QString(BRIMLY_REFERENCE_DIR) + "/symbols-2x.png"));
+  EXPECT_TRUE(testing::matchesReference(contactSheet(1.0),
+                                        QString(BRIMLY_REFERENCE_DIR) + "/symbols-1x.png"));
+  EXPECT_TRUE(testing::matchesReference(contactSheet(2.0),
+                                        QString(BRIMLY_REFERENCE_DIR) + "/symbols-2x.png"));
 }
 
 // paintSymbol draws the symbol at its own size with its corner on a whole device pixel, at the
@@ -308,7 +308,8 @@ TEST(SymbolsTest, APaintedSymbolKeepsItsPixelsWhereverItsCentreFalls) {
     const QPoint corner = ratio == 1.0 ? QPoint(14, 13) : QPoint(28, 27);
     EXPECT_EQ(painted.copy(QRect(corner, symbol.size())), symbol.convertToFormat(painted.format()))
         << "at " << ratio;
-    EXPECT_TRUE(QRect(corner, symbol.size()).contains(coverageOf(painted).bounds)) << "at " << ratio;
+    EXPECT_TRUE(QRect(corner, symbol.size()).contains(coverageOf(painted).bounds))
+        << "at " << ratio;
   }
 }
 

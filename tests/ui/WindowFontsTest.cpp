@@ -49,7 +49,8 @@ TEST(WindowFontsTest, TheMetricRowsTitlesSpeakInTheWindowsVoice) {
   // Without a rounded design of the windows' family, no second family of other proportions.
   const QFont titles = roundedWindowFont(device(), 12.5, QFont::Normal);
   EXPECT_EQ(titles.family(), windowFamily());
-  EXPECT_EQ(QFontInfo(titles).family(), QFontInfo(windowFont(device(), 12.5, QFont::Normal)).family());
+  EXPECT_EQ(QFontInfo(titles).family(),
+            QFontInfo(windowFont(device(), 12.5, QFont::Normal)).family());
 }
 
 TEST(WindowFontsTest, SizesArePointsOfTheDeviceAndTrackingWidens) {

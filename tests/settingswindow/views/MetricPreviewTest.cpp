@@ -89,8 +89,8 @@ TEST_F(BareMachinePreviewTest, MissingTemperatureAndPowerGiveEmptyBarsWithTheirS
   }
   // The processor's reading is there: its bar is the accent.
   const Rect processor = cellOf(cpu).track;
-  const QColor bar = image.pixelColor(static_cast<int>(processor.x) + 1,
-                                      static_cast<int>(processor.y + 1.0));
+  const QColor bar =
+      image.pixelColor(static_cast<int>(processor.x) + 1, static_cast<int>(processor.y + 1.0));
   EXPECT_GT(bar.green() - bar.red(), 40);
 }
 

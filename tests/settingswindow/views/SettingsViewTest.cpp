@@ -132,12 +132,12 @@ TEST_F(SettingsViewTest, MetricsWithOneMetricHiddenMatchesItsReference) {
 TEST_F(SettingsViewTest, GeneralAndMetricsMatchTheirReferencesAtTwoTimes) {
   // The symbols of both tabs and the tab bar, drawn for a screen of two pixels a point.
   world.control.setPinned(true);
-  EXPECT_TRUE(testing::matchesReference(rendered(view, 2.0), referencePath("settings-general-2x.png"),
-                                        testing::windowFaces));
+  EXPECT_TRUE(testing::matchesReference(
+      rendered(view, 2.0), referencePath("settings-general-2x.png"), testing::windowFaces));
   world.settings.setMetric(MetricKind::disk, false);
   view.setTab(SettingsTab::metrics);
-  EXPECT_TRUE(testing::matchesReference(rendered(view, 2.0), referencePath("settings-metrics-2x.png"),
-                                        testing::windowFaces));
+  EXPECT_TRUE(testing::matchesReference(
+      rendered(view, 2.0), referencePath("settings-metrics-2x.png"), testing::windowFaces));
 }
 
 TEST_F(SettingsViewTest, AppearanceMatchesItsReference) {
