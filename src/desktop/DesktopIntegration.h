@@ -8,6 +8,7 @@ class QWidget;
 
 namespace brimly {
 
+class HoverZonePort;
 class LoginItemPort;
 class OutsideClickMonitorPort;
 class PanelWindow;
@@ -25,6 +26,11 @@ class DesktopIntegration {
   virtual const ScreenPort& screens() const = 0;
   // The pointer source for the tracker; lives as long as this object.
   virtual PointerPort& pointer() = 0;
+  // Where the desktop shows only whether the pointer is over a zone of the panel (Wayland's enter
+  // and leave on a layer surface's input region, X Enter and Leave on the XWayland card's input
+  // shape), that zone; the tracker then follows it instead of `pointer`. Null where the pointer
+  // is followed everywhere. Lives as long as this object.
+  virtual HoverZonePort* hoverZone() { return nullptr; }
   // Called once the panel's native window exists and before it is first shown.
   virtual void prepareOverlay(PanelWindow& window) = 0;
   // Called right after every show() of the panel: a desktop may reset native window settings, or
@@ -33,7 +39,8 @@ class DesktopIntegration {
   virtual void overlayShown(PanelWindow& window) = 0;
   // Called after the panel was given a new root view (the screens changed).
   virtual void rootViewReplaced(PanelWindow& window) = 0;
-  // The one line to print about hovering, if any; asked once, after the tracker has started.
+  // The one line to print about hovering — which route runs and why, or why hovering cannot open
+  // the panel — if any; asked once, after the tracker has started.
   virtual std::optional<std::string> hoverNotice() const = 0;
 
   // The menu-bar or tray item, the monitor of clicks that go elsewhere, and the login item; each

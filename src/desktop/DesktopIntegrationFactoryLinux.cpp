@@ -12,10 +12,13 @@
 
 #include "desktop/DesktopIntegrationFactory.h"
 #include "desktop/DisplayCheck.h"
+#include "desktop/HoverRoute.h"
 #include "desktop/QtPlatformArguments.h"
 #include "desktop/none/PlainDesktopIntegration.h"
 #include "desktop/x11/X11DesktopIntegration.h"
+#include "desktop/xwayland/XWaylandDesktopIntegration.h"
 #include "platform/linux/XdgAutostartLoginItem.h"
+#include "platform/wayland/WaylandGlobals.h"
 #include "platform/x11/X11Desktop.h"
 
 namespace brimly {
@@ -26,6 +29,12 @@ std::string variable(const char* name) {
   return value != nullptr ? value : "";
 }
 
+// What the Wayland compositor named by WAYLAND_DISPLAY offers, asked once before Qt starts.
+WaylandAnswer compositorAnswer() {
+  static const WaylandAnswer answer = waylandAnswer(waylandGlobals(variable("WAYLAND_DISPLAY")));
+  return answer;
+}
+
 DisplayEnvironment displayEnvironment(const QtPlatformArguments& options) {
   return DisplayEnvironment{variable("QT_QPA_PLATFORM"),
                             variable("DISPLAY"),
@@ -33,7 +42,8 @@ DisplayEnvironment displayEnvironment(const QtPlatformArguments& options) {
                             variable("XDG_SESSION_TYPE"),
                             variable("XDG_CURRENT_DESKTOP") + ":" + variable("XDG_SESSION_DESKTOP"),
                             options.platform,
-                            options.display};
+                            options.display,
+                            compositorAnswer()};
 }
 
 // The keys of the platform plugins Qt can load, read from each plugin's metadata without loading
@@ -109,13 +119,21 @@ void choosePlatformPlugin(const std::vector<std::string>& arguments) {
 
 std::unique_ptr<DesktopIntegration> makeDesktopIntegration() {
   answeringDisplay().reset();  // Qt's connection is open by now
-  const QString platform = QGuiApplication::platformName();
-  const bool waylandSession = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
-                              qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland";
-  if (platform == "xcb") return std::make_unique<X11DesktopIntegration>(waylandSession);
-  // A native Wayland desktop lets no program follow the pointer; say so. Headless platforms
-  // (offscreen, minimal, vnc) were chosen on purpose and need no word.
-  return std::make_unique<PlainDesktopIntegration>(platform.startsWith("wayland"));
+  // The last fact: whether this build draws the panel as a layer surface (the layer-shell panel
+  // is not part of it yet).
+  const HoverRouteChoice choice =
+      chooseHoverRoute({QGuiApplication::platformName().toStdString(), variable("XDG_SESSION_TYPE"),
+                        compositorAnswer(), false});
+  switch (choice.route) {
+    case HoverRoute::xwaylandHotZone:
+      return std::make_unique<XWaylandDesktopIntegration>(choice);
+    case HoverRoute::x11RawMotion:
+      return std::make_unique<X11DesktopIntegration>(choice);
+    case HoverRoute::layerShell:
+    case HoverRoute::none:
+      break;
+  }
+  return std::make_unique<PlainDesktopIntegration>(choice);
 }
 
 std::unique_ptr<LoginItemPort> makeLoginItem() {

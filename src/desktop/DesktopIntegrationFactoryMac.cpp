@@ -19,7 +19,7 @@ void choosePlatformPlugin(const std::vector<std::string>&) {
 std::unique_ptr<DesktopIntegration> makeDesktopIntegration() {
   // A headless platform chosen on purpose (offscreen, minimal) has no AppKit windows to configure.
   if (QGuiApplication::platformName() != "cocoa") {
-    return std::make_unique<PlainDesktopIntegration>(false);
+    return std::make_unique<PlainDesktopIntegration>();
   }
   return std::make_unique<MacDesktopIntegration>();
 }

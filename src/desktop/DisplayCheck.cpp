@@ -67,6 +67,13 @@ std::string installedList(const std::vector<std::string>& installedPlatforms) {
 
 }  // namespace
 
+WaylandAnswer waylandAnswer(const std::optional<std::vector<std::string>>& offeredInterfaces) {
+  if (!offeredInterfaces) return WaylandAnswer::silent;
+  const bool layerShell = std::find(offeredInterfaces->begin(), offeredInterfaces->end(),
+                                    "zwlr_layer_shell_v1") != offeredInterfaces->end();
+  return layerShell ? WaylandAnswer::layerShell : WaylandAnswer::plain;
+}
+
 std::string x11DisplayName(const DisplayEnvironment& environment) {
   return environment.displayArgument.value_or(environment.display);
 }
@@ -93,7 +100,9 @@ std::optional<std::string> startupProblem(
       const std::string display = x11DisplayName(environment);
       if (!display.empty() && x11Opens && x11Opens(display)) return std::nullopt;
     } else if (isWayland(choice)) {
-      if (!environment.waylandDisplay.empty()) return std::nullopt;
+      if (!environment.waylandDisplay.empty() && environment.wayland != WaylandAnswer::silent) {
+        return std::nullopt;
+      }
     } else {
       return std::nullopt;  // offscreen, vnc, eglfs…: chosen on purpose and needing no desktop
     }
@@ -110,6 +119,12 @@ std::optional<std::string> startupProblem(
            "\" named by -display; " + kAuditHint;
   }
   if (!environment.waylandDisplay.empty()) {
+    if (environment.wayland == WaylandAnswer::silent) {
+      // Said only where X11 was tried: a user may have chosen Wayland alone.
+      return "Brimly: no Wayland compositor answers on \"" + printable(environment.waylandDisplay) +
+             "\" (WAYLAND_DISPLAY)" + (x11Tried ? ", and there is no X11 display; " : "; ") +
+             kAuditHint;
+    }
     if (installed("wayland")) {
       return std::string(
                  "Brimly: no X11 display in this Wayland session (XWayland is not "

@@ -1,26 +1,46 @@
 #include "desktop/HoverNotice.h"
 
 namespace brimly {
+namespace {
 
-std::optional<std::string> hoverNotice(PointerWatch watch, bool waylandSession) {
-  switch (watch) {
-    case PointerWatch::notX11:
-      return "Brimly: this desktop does not let programs follow the pointer (Wayland without "
-             "X11), so hovering will not open the panel; keeping it pinned open still works.";
-    case PointerWatch::noDisplay:
-      return "Brimly: the X display cannot be opened to follow the pointer, so hovering will not "
-             "open the panel; keeping it pinned open still works.";
-    case PointerWatch::noXInput2:
-      return "Brimly: the X server lacks XInput 2, so the pointer cannot be followed and hovering "
-             "will not open the panel; keeping it pinned open still works.";
-    case PointerWatch::watching:
-      if (waylandSession) {
-        return "Brimly: under XWayland the pointer is seen only over X11 windows, so hovering may "
-               "not open the panel; keeping it pinned open still works.";
-      }
-      return std::nullopt;
+std::string hoverIsOff(const std::string& why) {
+  return "Brimly: hovering will not open the panel (" + why +
+         "); keeping it pinned open still works.";
+}
+
+const char* routeName(HoverRoute route) {
+  switch (route) {
+    case HoverRoute::layerShell:
+      return "the Wayland layer shell";
+    case HoverRoute::xwaylandHotZone:
+      return "an XWayland hot zone at the top centre, which takes the clicks that land in it";
+    case HoverRoute::x11RawMotion:
+      return "X11 raw pointer motion";
+    case HoverRoute::none:
+      break;
   }
-  return std::nullopt;
+  return "";
+}
+
+}  // namespace
+
+std::optional<std::string> hoverNotice(const HoverRouteChoice& choice, PointerWatch watch) {
+  if (choice.route == HoverRoute::none) {
+    if (choice.reason.empty()) return std::nullopt;
+    return hoverIsOff(choice.reason);
+  }
+  switch (watch) {
+    case PointerWatch::noDisplay:
+      return hoverIsOff("the X display cannot be opened to follow the pointer");
+    case PointerWatch::noXInput2:
+      return hoverIsOff("the X server lacks XInput 2");
+    case PointerWatch::noShape:
+      return hoverIsOff("the X server lacks input shapes (SHAPE 1.1)");
+    case PointerWatch::watching:
+      break;
+  }
+  return "Brimly: hover through " + std::string(routeName(choice.route)) + " (" + choice.reason +
+         ").";
 }
 
 }  // namespace brimly

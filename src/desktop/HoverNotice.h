@@ -3,14 +3,15 @@
 #include <optional>
 #include <string>
 
+#include "desktop/HoverRoute.h"
+
 namespace brimly {
 
-// How the pointer watch came out at launch.
-enum class PointerWatch { watching, notX11, noDisplay, noXInput2 };
+// How the watch of the chosen route came out at launch.
+enum class PointerWatch { watching, noDisplay, noXInput2, noShape };
 
-// The one line Brimly prints when hovering cannot open the panel (or may not): on a native
-// Wayland desktop, on an X server without XInput 2, and under XWayland, where the pointer is
-// seen only over X11 windows. Nothing when hovering works.
-std::optional<std::string> hoverNotice(PointerWatch watch, bool waylandSession);
+// The one line Brimly prints at start about hovering: which route runs and why, or why hovering
+// cannot open the panel (no route, or its watch could not start). Nothing on a headless platform.
+std::optional<std::string> hoverNotice(const HoverRouteChoice& choice, PointerWatch watch);
 
 }  // namespace brimly

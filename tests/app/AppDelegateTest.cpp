@@ -18,6 +18,7 @@
 #include "controlpanel/views/ControlPanelWindow.h"
 #include "desktop/DesktopIntegration.h"
 #include "desktop/QtScreenPort.h"
+#include "panel/FakeHoverZonePort.h"
 #include "panel/FakePointerPort.h"
 #include "panel/views/PanelWindow.h"
 #include "panel/views/QtGeometry.h"
@@ -30,8 +31,10 @@
 namespace brimly {
 namespace {
 
+using testing::FakeHoverZonePort;
 using testing::FakePlatform;
 using testing::FakePointerPort;
+using Zone = HoverZonePort::Zone;
 
 // Qt's offscreen platform has one screen that reserves no top bar, so the notch is the fallback
 // 200 x 32 and the 600 x 148 panel hangs from the middle of its top edge.
@@ -52,6 +55,7 @@ class FakeDesktop final : public DesktopIntegration {
  public:
   const ScreenPort& screens() const override { return screens_; }
   PointerPort& pointer() override { return pointer_; }
+  HoverZonePort* hoverZone() override { return zone; }
   void overlayShown(PanelWindow& window) override {
     ++shownCalls;
     wasVisibleWhenShown = window.isVisible();
@@ -91,6 +95,7 @@ class FakeDesktop final : public DesktopIntegration {
 
   QtScreenPort screens_;
   FakePointerPort pointer_;
+  HoverZonePort* zone = nullptr;  // a desktop that tells only enter and leave, when set
   int prepareCalls = 0;
   int shownCalls = 0;
   bool wasVisibleWhenShown = false;
@@ -113,6 +118,8 @@ class AppDelegateTest : public ::testing::Test {
 
   FakePlatform platform_;
   FakeKeyValueStore defaults_;
+  // The zone a desktop may hand over; it outlives the delegate, which stops watching it.
+  FakeHoverZonePort zone_;
   FakeDesktop desktop_;
   std::unique_ptr<AppDelegate> delegate_;
 };
@@ -217,6 +224,38 @@ TEST_F(AppDelegateTest, PointerLeavingClosesThePanelAfterTheGracePeriod) {
   EXPECT_TRUE(delegate.panelState().isOpen());  // the grace period runs on the main loop
   EXPECT_TRUE(QTest::qWaitFor([&] { return !delegate.panelState().isOpen(); }, 5000));
   EXPECT_EQ(delegate.monitor().timerInterval(), 5.0);
+}
+
+TEST_F(AppDelegateTest, WithAHoverZoneEnteringOpensThePanelAndLeavingClosesIt) {
+  desktop_.zone = &zone_;
+  AppDelegate& delegate = launch();
+  EXPECT_FALSE(desktop_.pointer_.isWatching());
+  EXPECT_EQ(zone_.zones, (std::vector<Zone>{Zone::closedOutline}));
+  zone_.enter();
+  EXPECT_TRUE(delegate.panelState().isOpen());
+  EXPECT_EQ(zone_.zones.back(), Zone::openCard);
+  zone_.leave();
+  EXPECT_EQ(zone_.zones.back(), Zone::closedOutline);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !delegate.panelState().isOpen(); }, 5000));
+}
+
+TEST_F(AppDelegateTest, WithAHoverZoneThePinTakesTheZoneAwayAndGivesItBack) {
+  desktop_.zone = &zone_;
+  AppDelegate& delegate = launch();
+  delegate.controlModel()->onTogglePin(true);
+  EXPECT_TRUE(delegate.panelState().isOpen());
+  EXPECT_EQ(zone_.zones.back(), Zone::none);
+  delegate.controlModel()->onTogglePin(false);
+  EXPECT_FALSE(delegate.panelState().isOpen());
+  EXPECT_EQ(zone_.zones.back(), Zone::closedOutline);
+}
+
+TEST_F(AppDelegateTest, WithAHoverZoneAPersistedPinStartsWithNoZone) {
+  defaults_.values["isPinned"] = true;
+  desktop_.zone = &zone_;
+  AppDelegate& delegate = launch();
+  EXPECT_TRUE(delegate.panelState().isOpen());
+  EXPECT_EQ(zone_.zones, (std::vector<Zone>{Zone::none}));
 }
 
 TEST_F(AppDelegateTest, HoverNoticeIsAskedForOnceAtLaunch) {

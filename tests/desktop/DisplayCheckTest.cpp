@@ -5,9 +5,16 @@
 namespace brimly {
 namespace {
 
+// A named Wayland socket has a compositor answering on it, without a layer shell.
 DisplayEnvironment env(const char* qpaPlatform, const char* display, const char* waylandDisplay) {
-  return DisplayEnvironment{qpaPlatform, display,      waylandDisplay, "",
-                            "",          std::nullopt, std::nullopt};
+  return DisplayEnvironment{qpaPlatform,
+                            display,
+                            waylandDisplay,
+                            "",
+                            "",
+                            std::nullopt,
+                            std::nullopt,
+                            *waylandDisplay != '\0' ? WaylandAnswer::plain : WaylandAnswer::silent};
 }
 
 DisplayEnvironment waylandSession(const char* display) {
@@ -153,6 +160,34 @@ TEST(DisplayCheckEdge, WaylandSocketWithoutASessionTypeLeavesQtOnX11) {
   EXPECT_NE(line.find("QT_QPA_PLATFORM=wayland"), std::string::npos) << line;
 }
 
+TEST(DisplayCheckEdge, AWaylandSocketNobodyServesIsSaidInOneLineWithOrWithoutThePlugin) {
+  DisplayEnvironment environment = waylandSession("");
+  environment.wayland = WaylandAnswer::silent;
+  for (const std::vector<std::string>& installed : {kDebianPlugins, kWithWayland}) {
+    const std::string line = problem(environment, refuses, installed);
+    EXPECT_TRUE(oneLine(line));
+    EXPECT_EQ(line,
+              "Brimly: no Wayland compositor answers on \"wayland-0\" (WAYLAND_DISPLAY), and there "
+              "is no X11 display; run \"brimly --audit\" for the readings as text.");
+  }
+}
+
+TEST(DisplayCheckEdge, ChosenWaylandOnASocketNobodyServesDoesNotBlameX11) {
+  DisplayEnvironment environment = waylandSession(":0");
+  environment.qpaPlatform = "wayland";
+  environment.wayland = WaylandAnswer::silent;
+  const std::string line = problem(environment, opens, kWithWayland);
+  EXPECT_TRUE(oneLine(line));
+  EXPECT_NE(line.find("no Wayland compositor answers"), std::string::npos) << line;
+  EXPECT_EQ(line.find("X11"), std::string::npos) << line;
+}
+
+TEST(DisplayCheckEdge, ASilentWaylandSocketBesideAWorkingX11ServerStartsOnX11) {
+  DisplayEnvironment environment = waylandSession(":0");
+  environment.wayland = WaylandAnswer::silent;
+  EXPECT_TRUE(starts(environment, opens, kWithWayland));
+}
+
 TEST(DisplayCheckEdge, GnomeWaylandSessionLeavesQtOnX11) {
   DisplayEnvironment environment = waylandSession("");
   environment.sessionDesktop = "ubuntu:GNOME";
@@ -215,6 +250,22 @@ TEST(PlatformRequestEdge, UsersChoiceIsLeftAlone) {
 TEST(PlatformRequestEdge, WaylandWithoutX11IsLeftToQt) {
   EXPECT_EQ(platformToRequest(env("", "", "wayland-0")), std::nullopt);
   EXPECT_EQ(platformToRequest(env("", "", "")), std::nullopt);
+}
+
+TEST(WaylandAnswerEdge, NoCompositorIsSilent) {
+  EXPECT_EQ(waylandAnswer(std::nullopt), WaylandAnswer::silent);
+}
+
+TEST(WaylandAnswerEdge, ACompositorOfferingNothingStillAnswers) {
+  EXPECT_EQ(waylandAnswer(std::vector<std::string>{}), WaylandAnswer::plain);
+}
+
+TEST(WaylandAnswer, OnlyTheWlrootsLayerShellCountsAsOne) {
+  EXPECT_EQ(waylandAnswer(std::vector<std::string>{"wl_compositor", "xdg_wm_base", "wl_seat"}),
+            WaylandAnswer::plain);
+  EXPECT_EQ(waylandAnswer(std::vector<std::string>{"wl_compositor", "zwlr_layer_shell_v1"}),
+            WaylandAnswer::layerShell);
+  EXPECT_EQ(waylandAnswer(std::vector<std::string>{"zwlr_layer_shell_v2"}), WaylandAnswer::plain);
 }
 
 }  // namespace

@@ -15,8 +15,7 @@ bool PlainDesktopIntegration::supportsTranslucency() const {
 }
 
 std::optional<std::string> PlainDesktopIntegration::hoverNotice() const {
-  if (!tellAboutHover_) return std::nullopt;
-  return brimly::hoverNotice(PointerWatch::notX11, true);
+  return brimly::hoverNotice(route_, PointerWatch::watching);
 }
 
 }  // namespace brimly

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <utility>
+
+#include "desktop/HoverRoute.h"
 #include "desktop/QtScreenPort.h"
 #include "desktop/none/UnwatchedPointerPort.h"
 #include "desktop/tray/TrayDesktopIntegration.h"
@@ -11,8 +14,8 @@ namespace brimly {
 // followed, so the panel opens only when pinned.
 class PlainDesktopIntegration final : public TrayDesktopIntegration {
  public:
-  // `tellAboutHover`: print the notice that hovering is off (not on headless platforms).
-  explicit PlainDesktopIntegration(bool tellAboutHover) : tellAboutHover_(tellAboutHover) {}
+  // `route`: why nothing follows the pointer (said at start; a headless platform says nothing).
+  explicit PlainDesktopIntegration(HoverRouteChoice route = {}) : route_(std::move(route)) {}
 
   const ScreenPort& screens() const override { return screens_; }
   PointerPort& pointer() override { return pointer_; }
@@ -24,7 +27,7 @@ class PlainDesktopIntegration final : public TrayDesktopIntegration {
   bool supportsTranslucency() const override;
 
  private:
-  bool tellAboutHover_;
+  HoverRouteChoice route_;
   QtScreenPort screens_;
   UnwatchedPointerPort pointer_;
 };

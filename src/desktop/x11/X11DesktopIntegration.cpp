@@ -32,8 +32,8 @@ std::optional<Point> toDesktopPoint(Point rootPixels) {
 
 }  // namespace
 
-X11DesktopIntegration::X11DesktopIntegration(bool waylandSession)
-    : waylandSession_(waylandSession),
+X11DesktopIntegration::X11DesktopIntegration(HoverRouteChoice route)
+    : route_(std::move(route)),
       pointer_(std::make_unique<X11PointerPort>(toDesktopPoint)),
       desktop_(std::make_unique<X11Desktop>()),
       compositor_(std::make_unique<X11CompositorWatch>()) {}
@@ -92,7 +92,7 @@ std::optional<std::string> X11DesktopIntegration::hoverNotice() const {
       watch = PointerWatch::noXInput2;
       break;
   }
-  return brimly::hoverNotice(watch, waylandSession_);
+  return brimly::hoverNotice(route_, watch);
 }
 
 }  // namespace brimly

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "desktop/HoverRoute.h"
 #include "desktop/QtScreenPort.h"
 #include "desktop/tray/TrayDesktopIntegration.h"
 
@@ -12,15 +13,15 @@ class X11CompositorWatch;
 class X11Desktop;
 class X11PointerPort;
 
-// The panel on an X11 desktop (also XWayland): the pointer is followed through XInput 2 raw
-// motion, the panel becomes a dock window kept above, on every desktop and out of task bars, and
-// its window is cut to the card's shape: exactly while no compositing manager runs, with the
-// card's antialiased edge while one does. A compositing manager that comes or goes while Brimly
-// runs is followed at once, whatever state the panel is in.
+// The panel on an X11 desktop: the pointer is followed through XInput 2 raw motion, the panel
+// becomes a dock window kept above, on every desktop and out of task bars, and its window is cut
+// to the card's shape: exactly while no compositing manager runs, with the card's antialiased edge
+// while one does. A compositing manager that comes or goes while Brimly runs is followed at once,
+// whatever state the panel is in.
 class X11DesktopIntegration final : public TrayDesktopIntegration {
  public:
-  // `waylandSession`: the desktop is a Wayland session seen through XWayland.
-  explicit X11DesktopIntegration(bool waylandSession);
+  // `route`: raw motion, and why (said at start).
+  explicit X11DesktopIntegration(HoverRouteChoice route);
   ~X11DesktopIntegration() override;
 
   const ScreenPort& screens() const override { return screens_; }
@@ -38,7 +39,7 @@ class X11DesktopIntegration final : public TrayDesktopIntegration {
   // them, asked for otherwise.
   bool compositorPresent() const;
 
-  bool waylandSession_;
+  HoverRouteChoice route_;
   QtScreenPort screens_;
   std::unique_ptr<X11PointerPort> pointer_;
   std::unique_ptr<X11Desktop> desktop_;
