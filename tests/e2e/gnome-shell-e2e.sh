@@ -1,16 +1,18 @@
 #!/usr/bin/env bash
-# Brimly under a headless GNOME Shell 43 (the XWayland hot zone; see gnome/hover-on-gnome.py for
-# the checks), started by this script in private mount, network and PID namespaces and run as an
-# unprivileged user: the shell's XWayland always takes the displays :0 and :1, which are then the
-# namespaces' own, and the namespaces' first process takes everything inside with it when it ends.
+# Brimly under a headless GNOME Shell 43, started by this script in private mount, network and
+# PID namespaces and run as an unprivileged user: the shell's XWayland always takes the displays
+# :0 and :1, which are then the namespaces' own, and the namespaces' first process takes everything inside with it when it ends.
 # Needs root (to make the namespaces); skipped where GNOME Shell is not installed
 # (`scripts/install-deps --test` installs it).
 #
-# usage: gnome-shell-e2e.sh <brimly executable> [folder for the screenshots]
+# usage: gnome-shell-e2e.sh <brimly executable> <checks> [folder for the screenshots]
+# <checks>: the Python program under gnome/ that drives the shell and Brimly, such as
+# hover-on-gnome.py (the XWayland hot zone) or tray-on-gnome.py (the tray item and its card).
 set -uo pipefail
 
 app=$1
-shots=${2:-}
+checks=$2
+shots=${3:-}
 here=$(cd "$(dirname "$0")" && pwd)
 user=65534  # nobody: the shell shows a banner at the top centre to root
 
@@ -42,7 +44,7 @@ timeout 120 unshare --mount --net --pid --fork --kill-child --mount-proc --propa
     if [ -d /run/systemd ]; then mount -t tmpfs tmpfs /run/systemd; fi
     exec setpriv --reuid="$1" --regid="$1" --clear-groups env -u DISPLAY -u WAYLAND_DISPLAY \
       -u XDG_SESSION_TYPE -u QT_QPA_PLATFORM HOME="$2/run/home" \
-      /usr/bin/python3 "$2/checks/hover-on-gnome.py" "$2/brimly" "$2/run"' sh $user "$work"
+      /usr/bin/python3 "$2/checks/$3" "$2/brimly" "$2/run"' sh $user "$work" "$checks"
 status=$?
 [ $status -eq 124 ] && echo "FAIL: the run took longer than two minutes"
 

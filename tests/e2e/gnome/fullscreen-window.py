@@ -2,8 +2,9 @@
 """A full-screen Wayland window in one flat colour that logs every click it gets, for the end-to-end
 run under GNOME Shell: what lies beneath Brimly's card, and the witness of which clicks reach it.
 
-  fullscreen-window.py LOG
+  fullscreen-window.py LOG [maximized]
 
+With "maximized" it fills the screen below the top bar instead, and the top bar stays in sight.
 Writes "ready" to LOG once the window is shown, then "click X Y" for each press of a button.
 """
 import sys
@@ -34,7 +35,10 @@ def main():
         area.add_controller(clicks)
         window.set_child(area)
         window.connect("map", lambda _window: log.write("ready\n"))
-        window.fullscreen()
+        if sys.argv[2:] == ["maximized"]:
+            window.maximize()
+        else:
+            window.fullscreen()
         window.present()
 
     application.connect("activate", activate)

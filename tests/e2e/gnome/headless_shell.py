@@ -42,9 +42,10 @@ class HeadlessShell:
     def bus_address(self, name="bus"):
         return f"unix:path={self.runtime}/{name}"
 
-    def start(self):
+    def start(self, extensions=()):
         """Buses first (the shell insists on a system bus, if only for proxies with no owner),
-        then the shell; returns once it says it has started."""
+        then the shell with the system-wide `extensions` (by UUID) enabled; returns once it says
+        it has started."""
         env = dict(os.environ, XDG_RUNTIME_DIR=self.runtime, HOME=self.home)
         for name in ("system-bus", "bus"):
             self.spawn(["dbus-daemon", "--session", "--nofork", "--nopidfile",
@@ -60,9 +61,10 @@ class HeadlessShell:
         # A fresh home would get the one-time notices of a first login right at the top centre.
         os.makedirs(f"{self.home}/.local/share/gnome-shell", exist_ok=True)
         open(f"{self.home}/.local/share/gnome-shell/lock-warning-shown", "w").close()
-        subprocess.run(["gsettings", "set", "org.gnome.shell",
-                        "welcome-dialog-last-shown-version", "999"], env=env, check=False,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        for key, value in (("welcome-dialog-last-shown-version", "999"),
+                           ("enabled-extensions", str(list(extensions)))):
+            subprocess.run(["gsettings", "set", "org.gnome.shell", key, value], env=env,
+                           check=False, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.spawn(["gnome-shell", "--headless", "--wayland", "--virtual-monitor",
                     f"{WIDTH}x{HEIGHT}", "--wayland-display", self.wayland_name], env, "shell.log")
         started = wait_until(lambda: "GNOME Shell started" in self.log("shell.log")
