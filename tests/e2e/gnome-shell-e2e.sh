@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Brimly under a headless GNOME Shell 43, started by this script in private mount, network and
 # PID namespaces and run as an unprivileged user: the shell's XWayland always takes the displays
-# :0 and :1, which are then the namespaces' own, and the namespaces' first process takes everything inside with it when it ends.
+# :0 and :1, which are then the namespaces' own, and the namespaces' first process takes
+# everything inside with it when it ends.
 # Needs root (to make the namespaces); skipped where GNOME Shell is not installed
 # (`scripts/install-deps --test` installs it).
 #

@@ -12,10 +12,9 @@ WORK is a folder of the user's own; the screenshots are left in WORK/shots.
 import os
 import subprocess
 import sys
-import time
 
-from headless_shell import (KEY_ESCAPE, HeadlessShell, RemotePointer, SessionBus, screenshot,
-                            wait_until)
+from headless_shell import KEY_ESCAPE, RemotePointer, SessionBus, wait_until
+from shell_run import ShellRun, main
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 WINDOW = "3465a4"  # fullscreen-window.py's colour
@@ -30,29 +29,7 @@ def black(colour):
     return all(int(colour[i:i + 2], 16) <= 8 for i in (0, 2, 4))
 
 
-class Run:
-    def __init__(self, brimly, work):
-        self.brimly, self.work = brimly, work
-        self.started = time.monotonic()
-        self.failures = 0
-        for folder in ("runtime", "home", "logs", "shots", "config"):
-            os.makedirs(f"{work}/{folder}", mode=0o700, exist_ok=True)
-        self.shell = HeadlessShell(f"{work}/runtime", f"{work}/home", f"{work}/logs")
-        self.shots = 0
-        self.brimly_process = None
-
-    def say(self, text):
-        print(f"{text} [{time.monotonic() - self.started:.1f} s]", flush=True)
-
-    def check(self, description, passed):
-        print(("ok    " if passed else "FAIL  ") + description, flush=True)
-        self.failures += 0 if passed else 1
-
-    def screen(self, name=None):
-        self.shots += 1
-        path = f"{self.work}/{'shots' if name else 'logs'}/{name or f'shot-{self.shots}'}.png"
-        return screenshot(self.bus, path)
-
+class Run(ShellRun):
     def card_is(self, opened, seconds=5, name=None):
         """Waits until the card is open (or closed) on screen; the last picture is kept as `name`."""
         def looks_right():
@@ -154,28 +131,6 @@ class Run:
         self.check("Brimly ends on SIGTERM with status 0", self.stop_brimly() == 0)
         self.say("done")
 
-    def finish(self):
-        if self.brimly_process and self.brimly_process.poll() is None:
-            self.brimly_process.kill()
-        self.shell.stop()
-        errors = self.shell.log("brimly.err").strip()
-        if errors:
-            print("      brimly wrote on stderr:")
-            print("\n".join("      | " + line for line in errors.splitlines()))
-
-
-def main():
-    run = Run(sys.argv[1], sys.argv[2])
-    try:
-        run.run()
-    except Exception as error:  # the shell or a client failed to come up: say what and where
-        print(f"FAIL  {error}")
-        run.failures += 1
-    finally:
-        run.finish()
-    print("PASSED" if run.failures == 0 else f"FAILED: {run.failures} check(s)")
-    return 1 if run.failures else 0
-
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(main(Run))

@@ -3,8 +3,8 @@
 it: the extension is a StatusNotifierItem host on the shell's session bus. The item shows in the
 top bar; a middle click on it (a single left one opens the item's menu, which is empty) passes the
 click's place to Brimly, which opens the control card right under the item and fully on screen.
-Escape, a click into another program's window and a second click on the item close the card. Run inside
-gnome-shell-e2e.sh's namespaces, as the unprivileged user.
+Escape, a click into another program's window and a second click on the item close the card. Run
+inside gnome-shell-e2e.sh's namespaces, as the unprivileged user.
 
   tray-on-gnome.py BRIMLY WORK
 
@@ -13,10 +13,9 @@ WORK is a folder of the user's own; the screenshots are left in WORK/shots.
 import os
 import subprocess
 import sys
-import time
 
-from headless_shell import (HEIGHT, KEY_ESCAPE, WIDTH, HeadlessShell, RemotePointer, SessionBus,
-                            screenshot, wait_until)
+from headless_shell import HEIGHT, KEY_ESCAPE, WIDTH, RemotePointer, SessionBus, wait_until
+from shell_run import ShellRun, main
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 WINDOW = "3465a4"  # fullscreen-window.py's colour
@@ -45,30 +44,7 @@ def changed_box(before, after, top, bottom, left=0):
     return (min(xs), min(ys), max(xs), max(ys)) if xs else None
 
 
-class Run:
-    def __init__(self, brimly, work):
-        self.brimly, self.work = brimly, work
-        self.started = time.monotonic()
-        self.failures = 0
-        for folder in ("runtime", "home", "logs", "shots", "config"):
-            os.makedirs(f"{work}/{folder}", mode=0o700, exist_ok=True)
-        self.shell = HeadlessShell(f"{work}/runtime", f"{work}/home", f"{work}/logs")
-        self.shots = 0
-        self.brimly_process = None
-
-    def say(self, text):
-        print(f"{text} [{time.monotonic() - self.started:.1f} s]", flush=True)
-
-    def check(self, description, passed):
-        print(("ok    " if passed else "FAIL  ") + description, flush=True)
-        self.failures += 0 if passed else 1
-        return passed
-
-    def screen(self, name=None):
-        self.shots += 1
-        path = f"{self.work}/{'shots' if name else 'logs'}/{name or f'shot-{self.shots}'}.png"
-        return screenshot(self.bus, path)
-
+class Run(ShellRun):
     def card_box(self):
         """Where the card is on screen (below the top bar), or None while it is closed."""
         return changed_box(self.desktop, self.screen(), BAR_HEIGHT, HEIGHT)
@@ -80,7 +56,8 @@ class Run:
             return None
         middle = rows[len(rows) // 2]
         columns = [x for x in range(WIDTH) if picture.pixel(x, middle) == CARD]
-        top = min(y for y in range(rows[0] - 2, rows[0] + 1) if picture.pixel(self.item[0], y) == CARD)
+        top = min(y for y in range(rows[0] - 1, rows[0] + 1)
+                  if picture.pixel(self.item[0], y) == CARD)
         return (columns[0] - SHADOW, top - SHADOW, columns[-1] + SHADOW, rows[-1] + SHADOW)
 
     def card_closes(self, name):
@@ -180,28 +157,6 @@ class Run:
         self.check("Brimly ends on SIGTERM with status 0", self.brimly_process.wait(10) == 0)
         self.say("done")
 
-    def finish(self):
-        if self.brimly_process and self.brimly_process.poll() is None:
-            self.brimly_process.kill()
-        self.shell.stop()
-        errors = self.shell.log("brimly.err").strip()
-        if errors:
-            print("      brimly wrote on stderr:")
-            print("\n".join("      | " + line for line in errors.splitlines()))
-
-
-def main():
-    run = Run(sys.argv[1], sys.argv[2])
-    try:
-        run.run()
-    except Exception as error:  # the shell or a client failed to come up: say what and where
-        print(f"FAIL  {error}")
-        run.failures += 1
-    finally:
-        run.finish()
-    print("PASSED" if run.failures == 0 else f"FAILED: {run.failures} check(s)")
-    return 1 if run.failures else 0
-
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(main(Run))
