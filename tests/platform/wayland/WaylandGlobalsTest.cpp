@@ -41,6 +41,8 @@ class TinyCompositor {
   ~TinyCompositor() {
     stop_ = true;
     if (thread_.joinable()) thread_.join();
+    // The probe's connection may still be open here; the display does not free its clients.
+    wl_display_destroy_clients(display_);
     wl_display_destroy(display_);
     qputenv("XDG_RUNTIME_DIR", previousRuntime_);
   }
