@@ -35,7 +35,7 @@ AppDelegate::AppDelegate(const PlatformFactory& platform, KeyValueStore& default
       desktop_(desktop),
       screens_(desktop.screens()),
       monitor_(platform, samplingQueue_),
-      tracker_(desktop.pointer(), screens_),
+      tracker_(desktop.pointer(), screens_, desktop.hoverZone()),
       settings_(defaults),
       proximity_(panelState_, monitor_, scheduler_, tracker_),
       launch_(proximity_, tracker_, monitor_),
@@ -59,6 +59,10 @@ void AppDelegate::applicationDidFinishLaunching() {
   hooks.applyTrackerGeometry = [this] { applyTrackerGeometry(); };
   hooks.observeScreenChanges = [this] { observeScreenChanges(); };
   hooks.installSettingsShortcut = [this] { installSettingsShortcut(); };
+  // A pinned panel takes no click, where the desktop lets it take any (a hover zone).
+  tracker_.setPinned(settings_.isPinned());
+  connect(&settings_, &AppSettings::isPinnedChanged, this,
+          [this](bool pinned) { tracker_.setPinned(pinned); });
   launch_.launch(settings_.isPinned(), hooks);
 
   // Said once, after the tracker has tried to watch the pointer.

@@ -8,6 +8,7 @@ class QWidget;
 
 namespace brimly {
 
+class HoverZonePort;
 class LoginItemPort;
 class OutsideClickMonitorPort;
 class PanelWindow;
@@ -25,6 +26,10 @@ class DesktopIntegration {
   virtual const ScreenPort& screens() const = 0;
   // The pointer source for the tracker; lives as long as this object.
   virtual PointerPort& pointer() = 0;
+  // Where the desktop shows only whether the pointer is over a zone of the panel (Wayland's enter
+  // and leave on a layer surface's input region), that zone; the tracker then follows it instead
+  // of `pointer`. Null where the pointer is followed everywhere. Lives as long as this object.
+  virtual HoverZonePort* hoverZone() { return nullptr; }
   // Called once the panel's native window exists and before it is first shown.
   virtual void prepareOverlay(PanelWindow& window) = 0;
   // Called right after every show() of the panel: a desktop may reset native window settings, or

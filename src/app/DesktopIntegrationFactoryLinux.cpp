@@ -4,6 +4,7 @@
 #include <QJsonObject>
 #include <QLibraryInfo>
 #include <QPluginLoader>
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 
@@ -12,6 +13,9 @@
 #include "app/DisplayCheck.h"
 #include "app/PlainDesktopIntegration.h"
 #include "app/X11DesktopIntegration.h"
+#include "desktop/HoverRoute.h"
+#include "desktop/layershell/LayerShellDesktopIntegration.h"
+#include "desktop/layershell/WaylandConnection.h"
 #include "platform/x11/X11Desktop.h"
 
 namespace brimly {
@@ -22,6 +26,19 @@ std::string variable(const char* name) {
   return value != nullptr ? value : "";
 }
 
+// Brimly's own connection to the Wayland compositor, opened once when the desktop is first looked
+// at and kept for the layer-shell panel; none where no compositor answers.
+std::unique_ptr<WaylandConnection>& waylandConnection() {
+  static std::unique_ptr<WaylandConnection> connection = WaylandConnection::open();
+  return connection;
+}
+
+WaylandAnswer waylandAnswer() {
+  const std::unique_ptr<WaylandConnection>& connection = waylandConnection();
+  if (!connection) return WaylandAnswer::silent;
+  return connection->offersLayerShell() ? WaylandAnswer::layerShell : WaylandAnswer::plain;
+}
+
 DisplayEnvironment displayEnvironment(const QtPlatformArguments& options) {
   return DisplayEnvironment{variable("QT_QPA_PLATFORM"),
                             variable("DISPLAY"),
@@ -29,7 +46,8 @@ DisplayEnvironment displayEnvironment(const QtPlatformArguments& options) {
                             variable("XDG_SESSION_TYPE"),
                             variable("XDG_CURRENT_DESKTOP") + ":" + variable("XDG_SESSION_DESKTOP"),
                             options.platform,
-                            options.display};
+                            options.display,
+                            waylandAnswer()};
 }
 
 // The keys of the platform plugins Qt can load, read from each plugin's metadata without loading
@@ -96,9 +114,22 @@ std::unique_ptr<DesktopIntegration> makeDesktopIntegration() {
   const QString platform = QGuiApplication::platformName();
   const bool waylandSession = !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
                               qEnvironmentVariable("XDG_SESSION_TYPE") == "wayland";
-  if (platform == "xcb") return std::make_unique<X11DesktopIntegration>(waylandSession);
-  // A native Wayland desktop lets no program follow the pointer; say so. Headless platforms
-  // (offscreen, minimal, vnc) were chosen on purpose and need no word.
+  // The connection that asked the compositor at start goes to the panel when it offers the layer
+  // shell, whatever desktop platform Qt runs on beside it.
+  std::unique_ptr<WaylandConnection> wayland = std::move(waylandConnection());
+  const HoverRouteChoice choice = chooseHoverRoute(
+      {platform.toStdString(), waylandSession, wayland && wayland->offersLayerShell()});
+  if (choice.notice) std::fprintf(stderr, "%s\n", choice.notice->c_str());
+  switch (choice.route) {
+    case HoverRoute::layerShell:
+      return std::make_unique<LayerShellDesktopIntegration>(std::move(wayland));
+    case HoverRoute::x11RawMotion:
+      return std::make_unique<X11DesktopIntegration>(waylandSession);
+    case HoverRoute::none:
+      break;
+  }
+  // A native Wayland desktop without a layer shell lets no program follow the pointer; say so.
+  // Headless platforms (offscreen, minimal, vnc) were chosen on purpose and need no word.
   return std::make_unique<PlainDesktopIntegration>(platform.startsWith("wayland"));
 }
 

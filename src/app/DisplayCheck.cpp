@@ -93,7 +93,9 @@ std::optional<std::string> startupProblem(
       const std::string display = x11DisplayName(environment);
       if (!display.empty() && x11Opens && x11Opens(display)) return std::nullopt;
     } else if (isWayland(choice)) {
-      if (!environment.waylandDisplay.empty()) return std::nullopt;
+      if (!environment.waylandDisplay.empty() && environment.wayland != WaylandAnswer::silent) {
+        return std::nullopt;
+      }
     } else {
       return std::nullopt;  // offscreen, vnc, eglfs…: chosen on purpose and needing no desktop
     }
@@ -110,6 +112,10 @@ std::optional<std::string> startupProblem(
            "\" named by -display; " + kAuditHint;
   }
   if (!environment.waylandDisplay.empty()) {
+    if (environment.wayland == WaylandAnswer::silent) {
+      return "Brimly: no Wayland compositor answers on \"" + printable(environment.waylandDisplay) +
+             "\" (WAYLAND_DISPLAY), and there is no X11 display; " + kAuditHint;
+    }
     if (installed("wayland")) {
       return std::string(
                  "Brimly: no X11 display in this Wayland session (XWayland is not "
@@ -127,8 +133,9 @@ std::optional<std::string> startupProblem(
 
 std::optional<std::string> platformToRequest(const DisplayEnvironment& environment) {
   if (environment.platformArgument || !environment.qpaPlatform.empty()) return std::nullopt;
-  if (x11DisplayName(environment).empty()) return std::nullopt;
-  return "xcb";
+  if (!x11DisplayName(environment).empty()) return "xcb";
+  if (environment.wayland == WaylandAnswer::layerShell) return "wayland";
+  return std::nullopt;
 }
 
 }  // namespace brimly

@@ -7,9 +7,16 @@
 
 namespace brimly {
 
+// What the Wayland compositor named by WAYLAND_DISPLAY answered when Brimly asked it.
+enum class WaylandAnswer {
+  silent,      // none answers (or none is named)
+  plain,       // one answers, without the wlroots layer shell
+  layerShell,  // one answers and offers zwlr_layer_shell_v1
+};
+
 // What the environment and the command line say about the window system, read before any of it
-// is touched: Qt ends the process with a core dump when it cannot start the platform it is asked
-// for.
+// is touched (Qt ends the process with a core dump when it cannot start the platform it is asked
+// for), and what the Wayland compositor answered.
 struct DisplayEnvironment {
   std::string qpaPlatform;     // QT_QPA_PLATFORM, as the user set it
   std::string display;         // DISPLAY
@@ -18,6 +25,7 @@ struct DisplayEnvironment {
   std::string sessionDesktop;  // XDG_CURRENT_DESKTOP and XDG_SESSION_DESKTOP, side by side
   std::optional<std::string> platformArgument;  // "-platform <name>" on the command line
   std::optional<std::string> displayArgument;   // "-display <name>" on the command line
+  WaylandAnswer wayland = WaylandAnswer::silent;
 };
 
 // The one line printed when there is nothing to show the panel on.
@@ -34,8 +42,8 @@ inline constexpr int kNoDisplayExitStatus = 3;
 // default; the first that works is taken. A platform works when its plugin is among
 // `installedPlatforms` (Qt's plugin keys; an empty list means they could not be listed and every
 // name is taken on trust) and, for X11, when the X server named by "-display" or DISPLAY answers
-// (`x11Opens`, asked only then), for Wayland when WAYLAND_DISPLAY is set. Any other installed
-// platform (offscreen, vnc, eglfs…) was chosen on purpose and needs no desktop.
+// (`x11Opens`, asked only then), for Wayland when a compositor answers on WAYLAND_DISPLAY. Any
+// other installed platform (offscreen, vnc, eglfs…) was chosen on purpose and needs no desktop.
 std::optional<std::string> startupProblem(
     const DisplayEnvironment& environment, const std::vector<std::string>& installedPlatforms,
     const std::function<bool(const std::string& displayName)>& x11Opens);
@@ -43,9 +51,13 @@ std::optional<std::string> startupProblem(
 // The X display Qt will open: the command line's "-display", else DISPLAY.
 std::string x11DisplayName(const DisplayEnvironment& environment);
 
-// The Qt platform to ask for, when the user has not chosen one: X11 wherever an X server is at
-// hand, also under Wayland through XWayland, because only X11 lets a window place itself at the
-// top of the screen and lets a program follow the pointer.
+// The Qt platform to ask for, when the user has not chosen one. X11 wherever an X server is at
+// hand, also under Wayland through XWayland: there the control card is a pop-up placed at the tray
+// icon, as on any X11 desktop, and without a layer shell only X11 lets a window place itself at
+// the top of the screen and a program follow the pointer. Where no X server is at hand but the
+// Wayland compositor offers the layer shell, Qt's own Wayland platform: the panel needs no X11
+// then (it is a layer surface of Brimly's own connection), so Brimly starts without XWayland.
+// Otherwise Qt chooses.
 std::optional<std::string> platformToRequest(const DisplayEnvironment& environment);
 
 }  // namespace brimly

@@ -5,9 +5,16 @@
 namespace brimly {
 namespace {
 
+// A named Wayland socket has a compositor answering on it, without a layer shell.
 DisplayEnvironment env(const char* qpaPlatform, const char* display, const char* waylandDisplay) {
-  return DisplayEnvironment{qpaPlatform, display,      waylandDisplay, "",
-                            "",          std::nullopt, std::nullopt};
+  return DisplayEnvironment{qpaPlatform,
+                            display,
+                            waylandDisplay,
+                            "",
+                            "",
+                            std::nullopt,
+                            std::nullopt,
+                            *waylandDisplay != '\0' ? WaylandAnswer::plain : WaylandAnswer::silent};
 }
 
 DisplayEnvironment waylandSession(const char* display) {
@@ -153,6 +160,26 @@ TEST(DisplayCheckEdge, WaylandSocketWithoutASessionTypeLeavesQtOnX11) {
   EXPECT_NE(line.find("QT_QPA_PLATFORM=wayland"), std::string::npos) << line;
 }
 
+TEST(DisplayCheckEdge, WaylandSocketNobodyAnswersIsRefusedEvenWithThePlugin) {
+  DisplayEnvironment environment = waylandSession("");
+  environment.wayland = WaylandAnswer::silent;
+  const std::string line = problem(environment, opens, kWithWayland);
+  EXPECT_TRUE(oneLine(line));
+  EXPECT_NE(line.find("no Wayland compositor answers on \"wayland-0\""), std::string::npos) << line;
+  environment.qpaPlatform = "wayland";
+  EXPECT_NE(problem(environment, opens, kWithWayland).find("answers"), std::string::npos);
+}
+
+TEST(DisplayCheckEdge, LayerShellWithoutXWaylandStartsOnQtsWaylandPlugin) {
+  // Whatever the session calls itself: sway started from a console sets no session type.
+  DisplayEnvironment environment = env("", "", "wayland-1");
+  environment.wayland = WaylandAnswer::layerShell;
+  EXPECT_TRUE(starts(environment, refuses, kWithWayland));
+  const std::string line = problem(environment, refuses, kDebianPlugins);
+  EXPECT_TRUE(oneLine(line));
+  EXPECT_NE(line.find("not installed"), std::string::npos) << line;
+}
+
 TEST(DisplayCheckEdge, GnomeWaylandSessionLeavesQtOnX11) {
   DisplayEnvironment environment = waylandSession("");
   environment.sessionDesktop = "ubuntu:GNOME";
@@ -215,6 +242,20 @@ TEST(PlatformRequestEdge, UsersChoiceIsLeftAlone) {
 TEST(PlatformRequestEdge, WaylandWithoutX11IsLeftToQt) {
   EXPECT_EQ(platformToRequest(env("", "", "wayland-0")), std::nullopt);
   EXPECT_EQ(platformToRequest(env("", "", "")), std::nullopt);
+}
+
+TEST(PlatformRequest, ALayerShellWithoutX11AsksForQtsWaylandPlugin) {
+  DisplayEnvironment environment = env("", "", "wayland-0");
+  environment.wayland = WaylandAnswer::layerShell;
+  EXPECT_EQ(platformToRequest(environment), "wayland");
+}
+
+TEST(PlatformRequest, ALayerShellBesideXWaylandStillAsksForX11) {
+  DisplayEnvironment environment = env("", ":0", "wayland-0");
+  environment.wayland = WaylandAnswer::layerShell;
+  EXPECT_EQ(platformToRequest(environment), "xcb");
+  environment.qpaPlatform = "wayland";
+  EXPECT_EQ(platformToRequest(environment), std::nullopt);
 }
 
 }  // namespace
