@@ -1,0 +1,126 @@
+#!/usr/bin/env bash
+# Brimly on headless sway (wlroots), which offers the layer shell and here no XWayland: Brimly
+# runs on Qt's Wayland platform, says that it hovers through the layer shell, draws nothing while
+# closed, opens into the 600 x 148 card at the top centre when the pointer reaches the closed
+# outline there, stays open over the card and closes once the pointer leaves. The panel follows
+# its output to another scale, stays open when pinned, and ends with one line when the compositor
+# goes away. The screen is read with grim.
+#
+# usage: sway-layershell-e2e.sh <brimly> <pointer driver> [screenshot folder]
+# BRIMLY_E2E_SCALE=2 runs the output at scale 2. Exit status 77 (a skip for CTest) where sway or
+# grim is not installed, or the namespaces cannot be made.
+set -uo pipefail
+
+here=$(cd "$(dirname "$0")" && pwd)
+# shellcheck source=wayland-desktop.sh
+source "$here/wayland-desktop.sh"
+app=$1
+driver=$2
+shots=${3:-}
+for tool in sway swaymsg grim; do
+  command -v $tool >/dev/null 2>&1 || { echo "SKIPPED: $tool is not installed (scripts/install-deps --test installs it)"; exit $skip; }
+done
+
+scale=${BRIMLY_E2E_SCALE:-1}
+width=1280
+height=720
+points=$((width / scale))  # the output's width in points
+desktop=336699
+label=sway-scale$scale
+
+# --- the compositor ------------------------------------------------------------------------------
+cat >"$work/sway.conf" <<CONFIG
+output HEADLESS-1 resolution ${width}x${height} position 0 0 scale $scale bg #$desktop solid_color
+default_border none
+xwayland disable
+CONFIG
+"${as_user[@]}" env WLR_BACKENDS=headless WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman \
+  sway -c "$work/sway.conf" >"$work/sway.log" 2>&1 &
+sway_pid=$!
+pids+=($sway_pid)
+wait_for_socket || { echo "FAIL: sway did not start"; tail -n 20 "$work/sway.log"; exit 1; }
+export SWAYSOCK
+SWAYSOCK=$(find "$XDG_RUNTIME_DIR" -maxdepth 1 -name 'sway-ipc.*.sock' | head -n1)
+# The pointer goes to a fraction of the layout: given in the output's pixels, at any scale.
+start_pointer "$driver" $width $height || { echo "FAIL: no pointer"; exit 1; }
+at() { move $(($1 * scale)) $(($2 * scale)); }  # at <x> <y>: a point of the output
+at $((points / 2)) 300
+
+# --- reading the screen --------------------------------------------------------------------------
+output=HEADLESS-1
+shoot() { "${as_user[@]}" grim -o "$output" -t ppm - >"$1"; }
+
+# --- start ---------------------------------------------------------------------------------------
+start_brimly "$app"
+check "Brimly says it hovers through the layer shell" \
+  eventually 10 says "Brimly: hover through the Wayland layer shell"
+check "… and runs without XWayland (on Qt's Wayland platform)" kill -0 "$brimly_pid"
+sleep 0.5  # the surface's first frame
+check "closed, it draws nothing at the top of the screen, for a second" stays 1 is_closed
+picture closed
+
+# --- open ----------------------------------------------------------------------------------------
+entered=$(now)
+at $((points / 2)) 10
+check "the pointer on the closed outline opens the 600 x 148 card at the top centre" eventually 5 is_open
+echo "      open $(elapsed "$entered" "$(now)") s after the pointer entered; black box $(look; box)"
+sleep 0.5  # the grid's fade-in
+check "the card's bottom corners are transparent" corners_clear
+check "while its figures change for two seconds the card stays whole" stays 2 is_whole
+picture open
+at $((points / 2 + 250)) 120
+check "over the card it stays open" stays 1 is_open
+
+# --- close ---------------------------------------------------------------------------------------
+left=$(now)
+at $((points / 2)) 300
+check "leaving closes it" eventually 5 is_closed
+echo "      gone $(elapsed "$left" "$(now)") s after the pointer left (0.4 s grace, then the spring)"
+at $((points / 2 - 120)) 10
+check "the pointer beside the closed outline opens nothing" stays 1 is_clear
+
+# --- the output's scale changes ------------------------------------------------------------------
+# (sway 1.7's headless outputs cannot be disabled, so an output going away is not tried here.)
+rescale() {  # rescale <scale>: the output's, and the one the checks expect
+  scale=$1
+  points=$((width / scale))
+  swaymsg "output $output scale $scale" >/dev/null
+}
+first_scale=$scale
+rescale $((3 - scale))  # 1 becomes 2, 2 becomes 1
+at $((points / 2)) 10
+check "at scale $scale the card opens at the new size" eventually 5 is_open
+picture open-rescaled
+at $((points / 2)) 300
+check "… and closes" eventually 5 is_closed
+rescale "$first_scale"
+
+# --- pinned --------------------------------------------------------------------------------------
+kill -TERM "$brimly_pid"
+wait "$brimly_pid"
+check "SIGTERM ends it with status 0" test $? = 0
+mkdir -p "$XDG_CONFIG_HOME/brimly"
+printf '[General]\nisPinned=true\n' >"$XDG_CONFIG_HOME/brimly/Brimly.conf"
+chown -R $user:$user "$XDG_CONFIG_HOME/brimly"
+start_brimly "$app"
+check "pinned, it is open from the start" eventually 10 is_open
+at $((points / 2)) 10
+at $((points / 2)) 300
+check "… and stays open when the pointer comes and goes" stays 1.5 is_open
+picture pinned
+
+# --- the compositor goes away --------------------------------------------------------------------
+lines_before=$(wc -l <"$work/brimly.err")
+kill -TERM "$sway_pid"
+wait "$sway_pid" 2>/dev/null
+check "without its compositor Brimly ends" eventually 5 bash -c "! kill -0 $brimly_pid 2>/dev/null"
+wait "$brimly_pid"
+status=$?
+check "… with status 1" test "$status" = 1
+check "… after exactly one line" test $(($(wc -l <"$work/brimly.err") - lines_before)) = 1
+echo "      | $(tail -n1 "$work/brimly.err")"
+
+echo "      brimly wrote on stderr:"
+sed 's/^/      | /' "$work/brimly.err"
+[ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
+exit $((failures > 0))
