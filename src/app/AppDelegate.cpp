@@ -8,14 +8,14 @@
 #include <cstdio>
 
 #include "about/AboutWindowController.h"
-#include "app/DesktopIntegration.h"
-#include "app/QtScreenPort.h"
 #include "app/SettingsShortcutFilter.h"
 #include "controlpanel/ControlPanelActions.h"
 #include "controlpanel/ControlPanelController.h"
 #include "controlpanel/ControlPanelModel.h"
 #include "controlpanel/views/ControlPanelWindow.h"
 #include "core/VersionText.h"
+#include "desktop/DesktopIntegration.h"
+#include "desktop/QtScreenPort.h"
 #include "panel/views/PanelWindow.h"
 #include "panel/views/QtGeometry.h"
 #include "platform/KeyValueStore.h"

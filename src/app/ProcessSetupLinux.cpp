@@ -1,12 +1,10 @@
 #include "app/ProcessSetup.h"
 
-#include <QCoreApplication>
 #include <cstdio>
 #include "app/ControlsRequest.h"
 #include "app/SingleInstanceLock.h"
 
 #include "core/BuildInfo.h"
-#include "platform/linux/XdgAutostartLoginItem.h"
 #include "settings/QSettingsStore.h"
 
 namespace brimly {
@@ -54,10 +52,6 @@ std::unique_ptr<KeyValueStore> makeDefaultsStore() {
 
 std::string applicationShortVersion() {
   return BuildInfo::shortVersion;
-}
-
-std::unique_ptr<LoginItemPort> makeLoginItem() {
-  return XdgAutostartLoginItem::forThisUser(QCoreApplication::applicationFilePath());
 }
 
 }  // namespace brimly

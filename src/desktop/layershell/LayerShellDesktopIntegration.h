@@ -2,9 +2,9 @@
 
 #include <memory>
 
-#include "app/QtScreenPort.h"
-#include "app/TrayDesktopIntegration.h"
-#include "app/UnwatchedPointerPort.h"
+#include "desktop/QtScreenPort.h"
+#include "desktop/none/UnwatchedPointerPort.h"
+#include "desktop/tray/TrayDesktopIntegration.h"
 
 namespace brimly {
 

@@ -1,4 +1,4 @@
-#include "app/QtScreenPort.h"
+#include "desktop/QtScreenPort.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "app/QtScreenPort.h"
+#include "desktop/QtScreenPort.h"
 
 #include <QGuiApplication>
 #include <QScreen>
 
-#include "app/ScreenConversion.h"
+#include "desktop/ScreenConversion.h"
 #include "panel/views/QtGeometry.h"
 
 namespace brimly {

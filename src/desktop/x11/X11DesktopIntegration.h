@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "app/QtScreenPort.h"
-#include "app/TrayDesktopIntegration.h"
+#include "desktop/QtScreenPort.h"
+#include "desktop/tray/TrayDesktopIntegration.h"
 
 namespace brimly {
 

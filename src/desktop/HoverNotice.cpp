@@ -1,4 +1,4 @@
-#include "app/HoverNotice.h"
+#include "desktop/HoverNotice.h"
 
 namespace brimly {
 

@@ -1,4 +1,4 @@
-#include "app/PanelShapeMask.h"
+#include "desktop/x11/PanelShapeMask.h"
 
 #include <gtest/gtest.h>
 

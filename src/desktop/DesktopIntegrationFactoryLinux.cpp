@@ -8,14 +8,15 @@
 #include <cstdlib>
 #include <memory>
 
-#include "app/CommandLine.h"
-#include "app/DesktopIntegrationFactory.h"
-#include "app/DisplayCheck.h"
-#include "app/PlainDesktopIntegration.h"
-#include "app/X11DesktopIntegration.h"
+#include "desktop/DesktopIntegrationFactory.h"
+#include "desktop/DisplayCheck.h"
 #include "desktop/HoverRoute.h"
+#include "desktop/QtPlatformArguments.h"
 #include "desktop/layershell/LayerShellDesktopIntegration.h"
 #include "desktop/layershell/WaylandConnection.h"
+#include "desktop/none/PlainDesktopIntegration.h"
+#include "desktop/x11/X11DesktopIntegration.h"
+#include "platform/linux/XdgAutostartLoginItem.h"
 #include "platform/x11/X11Desktop.h"
 
 namespace brimly {
@@ -131,6 +132,10 @@ std::unique_ptr<DesktopIntegration> makeDesktopIntegration() {
   // A native Wayland desktop without a layer shell lets no program follow the pointer; say so.
   // Headless platforms (offscreen, minimal, vnc) were chosen on purpose and need no word.
   return std::make_unique<PlainDesktopIntegration>(platform.startsWith("wayland"));
+}
+
+std::unique_ptr<LoginItemPort> makeLoginItem() {
+  return XdgAutostartLoginItem::forThisUser(QCoreApplication::applicationFilePath());
 }
 
 }  // namespace brimly

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/QtScreenPort.h"
-#include "app/TrayDesktopIntegration.h"
-#include "app/UnwatchedPointerPort.h"
+#include "desktop/QtScreenPort.h"
+#include "desktop/none/UnwatchedPointerPort.h"
+#include "desktop/tray/TrayDesktopIntegration.h"
 
 namespace brimly {
 

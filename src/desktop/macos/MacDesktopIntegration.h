@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "app/DesktopIntegration.h"
+#include "desktop/DesktopIntegration.h"
 
 namespace brimly {
 

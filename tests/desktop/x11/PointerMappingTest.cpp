@@ -1,4 +1,4 @@
-#include "app/PointerMapping.h"
+#include "desktop/x11/PointerMapping.h"
 
 #include <gtest/gtest.h>
 

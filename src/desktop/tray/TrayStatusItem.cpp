@@ -1,4 +1,4 @@
-#include "app/TrayStatusItem.h"
+#include "desktop/tray/TrayStatusItem.h"
 
 #include <QCursor>
 #include <QGuiApplication>

@@ -1,4 +1,4 @@
-#include "app/DisplayCheck.h"
+#include "desktop/DisplayCheck.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "app/ScreenConversion.h"
+#include "desktop/ScreenConversion.h"
 #include "panel/views/QtGeometry.h"
 
 #include <gtest/gtest.h>

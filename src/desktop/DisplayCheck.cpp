@@ -1,4 +1,4 @@
-#include "app/DisplayCheck.h"
+#include "desktop/DisplayCheck.h"
 
 #include <algorithm>
 #include <cctype>

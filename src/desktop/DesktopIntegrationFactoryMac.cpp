@@ -1,8 +1,9 @@
 #include <QGuiApplication>
 
-#include "app/DesktopIntegrationFactory.h"
-#include "app/MacDesktopIntegration.h"
-#include "app/PlainDesktopIntegration.h"
+#include "desktop/DesktopIntegrationFactory.h"
+#include "desktop/macos/MacDesktopIntegration.h"
+#include "desktop/none/PlainDesktopIntegration.h"
+#include "platform/macos/MacLoginItem.h"
 
 namespace brimly {
 
@@ -21,6 +22,10 @@ std::unique_ptr<DesktopIntegration> makeDesktopIntegration() {
     return std::make_unique<PlainDesktopIntegration>(false);
   }
   return std::make_unique<MacDesktopIntegration>();
+}
+
+std::unique_ptr<LoginItemPort> makeLoginItem() {
+  return makeMacLoginItem();
 }
 
 }  // namespace brimly

@@ -2,9 +2,9 @@
 
 #include <memory>
 
-#include "app/DesktopIntegration.h"
-#include "app/PopUpClickMonitor.h"
-#include "app/TrayStatusItem.h"
+#include "desktop/DesktopIntegration.h"
+#include "desktop/tray/PopUpClickMonitor.h"
+#include "desktop/tray/TrayStatusItem.h"
 #include "platform/LoginItemPort.h"
 
 namespace brimly {

@@ -1,13 +1,13 @@
-#include "app/X11DesktopIntegration.h"
+#include "desktop/x11/X11DesktopIntegration.h"
 
 #include <QGuiApplication>
 #include <QScreen>
 #include <utility>
 
-#include "app/HoverNotice.h"
-#include "app/PanelShapeMask.h"
-#include "app/PointerMapping.h"
-#include "app/QtScreenPort.h"
+#include "desktop/HoverNotice.h"
+#include "desktop/QtScreenPort.h"
+#include "desktop/x11/PanelShapeMask.h"
+#include "desktop/x11/PointerMapping.h"
 #include "panel/views/PanelWindow.h"
 #include "platform/x11/X11CompositorWatch.h"
 #include "platform/x11/X11Desktop.h"

@@ -1,6 +1,6 @@
-#include "app/PlainDesktopIntegration.h"
+#include "desktop/none/PlainDesktopIntegration.h"
 
-#include "app/HoverNotice.h"
+#include "desktop/HoverNotice.h"
 #include "panel/views/PanelWindow.h"
 
 namespace brimly {

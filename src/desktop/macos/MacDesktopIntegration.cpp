@@ -1,4 +1,4 @@
-#include "app/MacDesktopIntegration.h"
+#include "desktop/macos/MacDesktopIntegration.h"
 
 #include <QWidget>
 

@@ -1,8 +1,8 @@
-#include "app/TrayDesktopIntegration.h"
+#include "desktop/tray/TrayDesktopIntegration.h"
 
 #include <QWidget>
 
-#include "app/ProcessSetup.h"
+#include "desktop/DesktopIntegrationFactory.h"
 
 namespace brimly {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/DesktopIntegration.h"
+#include "desktop/DesktopIntegration.h"
 
 namespace brimly {
 
@@ -25,6 +25,9 @@ void choosePlatformPlugin(const std::vector<std::string>& arguments);
 // application object exists.
 std::unique_ptr<DesktopIntegration> makeDesktopIntegration();
 
-// The build links the one definition of these three that fits the system.
+// Whether the running program starts at the user's login, as the system keeps it.
+std::unique_ptr<LoginItemPort> makeLoginItem();
+
+// The build links the one definition of these four that fits the system.
 
 }  // namespace brimly
