@@ -26,7 +26,6 @@ if [ -z "${BRIMLY_E2E_IN_NAMESPACES:-}" ]; then
     'mount -t tmpfs -o mode=1777 tmpfs /tmp && mkdir -m 1777 /tmp/.X11-unix && exec "$@"' \
     sh "$0" "$@"
 fi
-ip link set lo up 2>/dev/null
 
 user=65534
 # A command prefix, not a function: started in the background it is the process itself, so that
