@@ -1,12 +1,14 @@
 #!/usr/bin/env bash
-# Brimly on headless sway (wlroots), which offers the layer shell and here no XWayland: Brimly
-# runs on Qt's Wayland platform, says that it hovers through the layer shell, draws nothing while
-# closed, opens into the 600 x 148 card at the top centre when the pointer reaches the closed
-# outline there, stays open over the card and closes once the pointer leaves. The panel follows
-# its output to another scale, stays open when pinned, and ends with one line when the compositor
-# goes away. The screen is read with grim.
+# Brimly on headless sway (wlroots), which offers the layer shell and here no XWayland, over a
+# full-screen window that reports its clicks: Brimly runs on Qt's Wayland platform, says that it
+# hovers through the layer shell, draws nothing while closed, opens into the 600 x 148 card at the
+# top centre, above the full-screen window, when the pointer reaches the closed outline there,
+# stays open over the card and closes once the pointer leaves. The hot zone takes the clicks in it;
+# a click beside it, or on the pinned card, reaches the window. The panel follows its output to
+# another scale, stays open when pinned, and ends with one line when the compositor goes away.
+# The screen is read with grim.
 #
-# usage: sway-layershell-e2e.sh <brimly> <pointer driver> [screenshot folder]
+# usage: sway-layershell-e2e.sh <brimly> <pointer driver> <click logger> [screenshot folder]
 # BRIMLY_E2E_SCALE=2 runs the output at scale 2. Exit status 77 (a skip for CTest) where sway or
 # grim is not installed, or the namespaces cannot be made.
 set -uo pipefail
@@ -16,7 +18,8 @@ here=$(cd "$(dirname "$0")" && pwd)
 source "$here/wayland-desktop.sh"
 app=$1
 driver=$2
-shots=${3:-}
+logger=$3
+shots=${4:-}
 for tool in sway swaymsg grim; do
   command -v $tool >/dev/null 2>&1 || { echo "SKIPPED: $tool is not installed (scripts/install-deps --test installs it)"; exit $skip; }
 done
@@ -43,8 +46,25 @@ export SWAYSOCK
 SWAYSOCK=$(find "$XDG_RUNTIME_DIR" -maxdepth 1 -name 'sway-ipc.*.sock' | head -n1)
 # The pointer goes to a fraction of the layout: given in the output's pixels, at any scale.
 start_pointer "$driver" $width $height || { echo "FAIL: no pointer"; exit 1; }
-at() { move $(($1 * scale)) $(($2 * scale)); }  # at <x> <y>: a point of the output
+at() {  # at <x> <y>: a point of the output
+  pointer_at="$1 $2"
+  move $(($1 * scale)) $(($2 * scale))
+}
 at $((points / 2)) 300
+# The window beneath, full screen in the desktop's colour.
+"${as_user[@]}" env QT_QPA_PLATFORM=wayland "$logger" $desktop >"$work/clicks" 2>"$work/logger.err" &
+pids+=($!)
+eventually 10 grep -q shown "$work/clicks" || { echo "FAIL: no window beneath"; exit 1; }
+# click_reaches <yes|no>: a click where the pointer is, and whether the window beneath got it
+# there (it says where, in points of its own, which are the output's).
+click_reaches() {
+  echo click >&3
+  if [ "$1" = yes ]; then
+    eventually 3 grep -qx "click $pointer_at" "$work/clicks"
+  else
+    ! eventually 1.5 grep -qx "click $pointer_at" "$work/clicks"
+  fi
+}
 
 # --- reading the screen --------------------------------------------------------------------------
 output=HEADLESS-1
@@ -62,7 +82,8 @@ picture closed
 # --- open ----------------------------------------------------------------------------------------
 entered=$(now)
 at $((points / 2)) 10
-check "the pointer on the closed outline opens the 600 x 148 card at the top centre" eventually 5 is_open
+check "the pointer on the closed outline opens the 600 x 148 card at the top centre, above the full-screen window" \
+  eventually 5 is_open
 echo "      open $(elapsed "$entered" "$(now)") s after the pointer entered; black box $(look; box)"
 sleep 0.5  # the grid's fade-in
 check "the card's bottom corners are transparent" corners_clear
@@ -70,6 +91,7 @@ check "while its figures change for two seconds the card stays whole" stays 2 is
 picture open
 at $((points / 2 + 250)) 120
 check "over the card it stays open" stays 1 is_open
+check "a click on the open card does not reach the window beneath" click_reaches no
 
 # --- close ---------------------------------------------------------------------------------------
 left=$(now)
@@ -78,6 +100,7 @@ check "leaving closes it" eventually 5 is_closed
 echo "      gone $(elapsed "$left" "$(now)") s after the pointer left (0.4 s grace, then the spring)"
 at $((points / 2 - 120)) 10
 check "the pointer beside the closed outline opens nothing" stays 1 is_clear
+check "a click there reaches the window beneath" click_reaches yes
 
 # --- the output's scale changes ------------------------------------------------------------------
 # (sway 1.7's headless outputs cannot be disabled, so an output going away is not tried here.)
@@ -105,6 +128,7 @@ chown -R $user:$user "$XDG_CONFIG_HOME/brimly"
 start_brimly "$app"
 check "pinned, it is open from the start" eventually 10 is_open
 at $((points / 2)) 10
+check "… and a click on it reaches the window beneath" click_reaches yes
 at $((points / 2)) 300
 check "… and stays open when the pointer comes and goes" stays 1.5 is_open
 picture pinned
