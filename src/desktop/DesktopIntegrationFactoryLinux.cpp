@@ -108,6 +108,14 @@ void choosePlatformPlugin(const std::vector<std::string>& arguments) {
   // segment, a round trip; sent in the request itself such a strip costs far less than that
   // wait (a quarter of the panel's CPU time under a swinging load). A user's own choice stands.
   if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM")) qputenv("QT_XCB_NO_MITSHM", "1");
+  // Qt's Wayland platform loads the whole OpenGL stack (some 45 MB resident with Mesa) the first
+  // time a window paints, only to learn whether it could draw window decorations itself. The
+  // compositors with a layer shell decorate windows themselves, so the question need not be
+  // asked there. A user's own choice stands.
+  if (waylandAnswer() == WaylandAnswer::layerShell &&
+      !qEnvironmentVariableIsSet("QT_WAYLAND_DISABLE_WINDOWDECORATION")) {
+    qputenv("QT_WAYLAND_DISABLE_WINDOWDECORATION", "1");
+  }
 }
 
 std::unique_ptr<DesktopIntegration> makeDesktopIntegration() {
