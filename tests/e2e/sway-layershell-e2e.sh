@@ -32,18 +32,7 @@ desktop=336699
 label=sway-scale$scale
 
 # --- the compositor ------------------------------------------------------------------------------
-cat >"$work/sway.conf" <<CONFIG
-output HEADLESS-1 resolution ${width}x${height} position 0 0 scale $scale bg #$desktop solid_color
-default_border none
-xwayland disable
-CONFIG
-"${as_user[@]}" env WLR_BACKENDS=headless WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman \
-  sway -c "$work/sway.conf" >"$work/sway.log" 2>&1 &
-sway_pid=$!
-pids+=($sway_pid)
-wait_for_socket || { echo "FAIL: sway did not start"; tail -n 20 "$work/sway.log"; exit 1; }
-export SWAYSOCK
-SWAYSOCK=$(find "$XDG_RUNTIME_DIR" -maxdepth 1 -name 'sway-ipc.*.sock' | head -n1)
+start_sway || { echo "FAIL: sway did not start"; tail -n 20 "$work/sway.log"; exit 1; }
 # The pointer goes to a fraction of the layout: given in the output's pixels, at any scale.
 start_pointer "$driver" $width $height || { echo "FAIL: no pointer"; exit 1; }
 at() {  # at <x> <y>: a point of the output

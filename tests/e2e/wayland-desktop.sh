@@ -11,6 +11,7 @@
 # without the privilege).
 
 skip=77
+e2e=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)  # this folder, whoever sources it
 if [ -z "${BRIMLY_E2E_IN_NAMESPACES:-}" ]; then
   if [ "$(id -u)" != 0 ]; then
     echo "SKIPPED: the compositor is started in private namespaces as nobody, which takes root (CI runs it so)"
@@ -86,6 +87,26 @@ wait_for_socket() {
   return 1
 }
 
+# start_sway: headless sway (software rendering, no input devices, no XWayland), one output of
+# width x height pixels at scale, in the desktop's colour; $sway_pid, WAYLAND_DISPLAY and SWAYSOCK
+# name it.
+start_sway() {
+  cat >"$work/sway.conf" <<CONFIG
+output HEADLESS-1 resolution ${width}x${height} position 0 0 scale $scale bg #$desktop solid_color
+default_border none
+xwayland disable
+CONFIG
+  "${as_user[@]}" env WLR_BACKENDS=headless WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman \
+    sway -c "$work/sway.conf" >"$work/sway.log" 2>&1 &
+  sway_pid=$!
+  pids+=($sway_pid)
+  wait_for_socket || return 1
+  ipc_socket() { find "$XDG_RUNTIME_DIR" -maxdepth 1 -name 'sway-ipc.*.sock' | head -n1; }
+  eventually 10 test -n "$(ipc_socket)" || return 1
+  SWAYSOCK=$(ipc_socket)
+  export SWAYSOCK
+}
+
 # start_pointer <driver> <width> <height>: the pointer, commanded through descriptor 3.
 start_pointer() {
   mkfifo "$work/pointer"
@@ -116,9 +137,9 @@ look() { shoot "$screen"; }
 # On the last look: the black box in the strip where the card grows (a little wider than the card,
 # so that a cursor beside it is not taken for it), and a pixel's colour.
 box() {
-  "$here/framebuffer.py" box "$screen" $(((width - $(px 640)) / 2)) 0 "$(px 640)" "$(px 200)"
+  "$e2e/framebuffer.py" box "$screen" $(((width - $(px 640)) / 2)) 0 "$(px 640)" "$(px 200)"
 }
-pixel() { "$here/framebuffer.py" pixel "$screen" "$@" | tr 'A-F' 'a-f'; }  # pixel <x> <y>…
+pixel() { "$e2e/framebuffer.py" pixel "$screen" "$@" | tr 'A-F' 'a-f'; }  # pixel <x> <y>…
 # The open card: 600 x 148 points at the top centre. At a fractional scale the compositor puts the
 # surface on a whole pixel either side of the exact middle.
 is_open_box() {
@@ -139,7 +160,7 @@ desktop_shows() {
 is_open() { look && is_open_box "$(box)"; }
 # The open card shows no hole: nothing of the desktop inside it, a little in from its rounded edge.
 is_whole() {
-  look && test "$("$here/framebuffer.py" count "$screen" $(((width - $(px 580)) / 2)) 0 \
+  look && test "$("$e2e/framebuffer.py" count "$screen" $(((width - $(px 580)) / 2)) 0 \
     "$(px 580)" "$(px 135)" "$desktop")" = 0
 }
 is_closed() { look && test "$(box)" = none && desktop_shows; }
