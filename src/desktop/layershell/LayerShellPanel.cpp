@@ -1,6 +1,5 @@
 #include "desktop/layershell/LayerShellPanel.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "desktop/layershell/HotZone.h"
@@ -33,8 +32,10 @@ void LayerShellPanel::show(PanelWindow& window) {
   window_ = &window;
   offscreen_ = std::make_unique<OffscreenWidget>(window);
   connect(offscreen_.get(), &OffscreenWidget::changed, this, &LayerShellPanel::panelChanged);
-  // A new size (a new notch height) needs a new surface, which the compositor places anew.
+  // A new size (a new notch height) needs a new surface, which the compositor places anew. (The
+  // first resize comes when Qt shows the window, at the size the surface already has.)
   connect(offscreen_.get(), &OffscreenWidget::resized, this, [this] {
+    if (surface_ && surface_->points() == window_->size()) return;
     dropSurface();
     makeSurface();
   });
@@ -85,10 +86,15 @@ void LayerShellPanel::makeSurface() {
 
 void LayerShellPanel::dropSurface() {
   pointers_.follow(nullptr);
-  buffers_.clear();
-  stale_.reset(0, QRect());
+  dropBuffers();
   surface_.reset();
   pacing_.unconfigured();
+}
+
+void LayerShellPanel::dropBuffers() {
+  // The compositor keeps what it needs of a buffer it still holds.
+  buffers_.clear();
+  stale_.reset(0, QRect());
 }
 
 void LayerShellPanel::surfaceConfigured() {
@@ -110,9 +116,8 @@ void LayerShellPanel::updateScale() {
   if (scale == scale_) return;
   scale_ = scale;
   pointers_.setCursorScale(static_cast<int>(std::ceil(scale_.ratio())));
-  // Buffers of the old size go as they are given back; the whole panel is drawn again.
-  buffers_.clear();
-  stale_.reset(0, QRect());
+  // New buffers of the new size, and the whole panel drawn into them.
+  dropBuffers();
   panelChanged(QRegion(window_->rect()));
 }
 
@@ -124,29 +129,26 @@ void LayerShellPanel::panelChanged(const QRegion& region) {
 
 void LayerShellPanel::drawIfDue() {
   if (!surface_ || !pacing_.isDrawDue()) return;
-  ShmBuffer* buffer = freeBuffer();
-  if (buffer == nullptr) return;  // drawn when the compositor gives one back
-  const auto index =
-      static_cast<int>(std::find_if(buffers_.begin(), buffers_.end(),
-                                    [buffer](const auto& known) { return known.get() == buffer; }) -
-                       buffers_.begin());
+  const int index = freeBuffer();
+  if (index < 0) return;  // drawn when the compositor gives one back
+  ShmBuffer& buffer = *buffers_[static_cast<std::size_t>(index)];
   const QRegion region = stale_.take(index);
-  offscreen_->paint(buffer->image(), region);
-  surface_->present(*buffer, scale_.bufferRegion(region, window_->size()), scale_);
+  offscreen_->paint(buffer.image(), region);
+  surface_->present(buffer, scale_.bufferRegion(region, window_->size()), scale_);
   pacing_.drawn();
 }
 
-ShmBuffer* LayerShellPanel::freeBuffer() {
-  for (const auto& buffer : buffers_)
-    if (!buffer->isBusy()) return buffer.get();
-  if (buffers_.size() >= kMostBuffers) return nullptr;
+int LayerShellPanel::freeBuffer() {
+  for (std::size_t index = 0; index < buffers_.size(); ++index)
+    if (!buffers_[index]->isBusy()) return static_cast<int>(index);
+  if (buffers_.size() >= kMostBuffers) return -1;
   std::unique_ptr<ShmBuffer> buffer =
       ShmBuffer::create(connection_.shm(), scale_.bufferSize(window_->size()), scale_.ratio());
-  if (!buffer) return nullptr;
+  if (!buffer) return -1;
   buffer->setOnRelease([this] { drawIfDue(); });
   buffers_.push_back(std::move(buffer));
   stale_.addBuffer(window_->rect());
-  return buffers_.back().get();
+  return stale_.count() - 1;
 }
 
 bool LayerShellPanel::startWatching(std::function<void(bool)> onChange) {

@@ -47,11 +47,13 @@ class LayerShellPanel : public QObject, public HoverZonePort {
  private:
   void makeSurface();
   void dropSurface();
+  void dropBuffers();
   void surfaceConfigured();
   void updateScale();
   void panelChanged(const QRegion& region);
   void drawIfDue();
-  ShmBuffer* freeBuffer();
+  // The index of a buffer the compositor does not hold (a new one if need be), or -1.
+  int freeBuffer();
   void applyZone();
 
   WaylandConnection& connection_;
