@@ -88,14 +88,5 @@ check "leaving closes it" eventually 5 is_closed
 echo "      gone $(elapsed "$left" "$(now)") s after the pointer left (0.4 s grace, then the spring)"
 
 # --- KWin goes away ------------------------------------------------------------------------------
-lines_before=$(wc -l <"$work/brimly.err")
-kill -TERM "$kwin_pid"
-wait "$kwin_pid" 2>/dev/null
-check "without its compositor Brimly ends" eventually 5 bash -c "! kill -0 $brimly_pid 2>/dev/null"
-check "… after exactly one line" test $(($(wc -l <"$work/brimly.err") - lines_before)) = 1
-echo "      | $(tail -n1 "$work/brimly.err")"
-
-echo "      brimly wrote on stderr:"
-sed 's/^/      | /' "$work/brimly.err"
-[ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
-exit $((failures > 0))
+end_compositor "$kwin_pid"
+finish

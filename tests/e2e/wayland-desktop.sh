@@ -41,29 +41,16 @@ for folder in "${folders[@]}"; do
 done
 export PATH=$searchable
 
-work=$(mktemp -d)
+# shellcheck source=checks.sh
+source "$e2e/checks.sh"
 chmod 755 "$work"
 export XDG_RUNTIME_DIR="$work/runtime" XDG_CONFIG_HOME="$work/config" HOME="$work/home"
 mkdir -m 700 "$XDG_RUNTIME_DIR" && mkdir "$XDG_CONFIG_HOME" "$HOME"
 chown $user:$user "$XDG_RUNTIME_DIR" "$XDG_CONFIG_HOME" "$HOME"
 unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM XDG_SESSION_TYPE XDG_CURRENT_DESKTOP XAUTHORITY
 
-# A script that writes to a process gone away must not die of it, and leaves nothing behind.
+# A script that writes to a process gone away (the pointer driver) must not die of it.
 trap '' PIPE
-pids=()
-cleanup() {
-  exec 3>&- 2>/dev/null
-  for ((i = ${#pids[@]} - 1; i >= 0; i--)); do kill "${pids[i]}" 2>/dev/null; wait "${pids[i]}" 2>/dev/null; done
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
-failures=0
-check() {  # check <description> <command…>
-  local description=$1
-  shift
-  if "$@"; then echo "ok    $description"; else echo "FAIL  $description"; failures=$((failures + 1)); fi
-}
 now() { date +%s.%N; }
 elapsed() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", b - a }'; }
 eventually() {  # eventually <seconds> <command…>: the command succeeds within the time
@@ -126,6 +113,26 @@ start_brimly() {
   pids+=($brimly_pid)
 }
 says() { grep -qF "$1" "$work/brimly.err"; }
+
+# end_compositor <pid>: the compositor ends; Brimly ($brimly_pid) must end with it, after exactly
+# one line on stderr.
+end_compositor() {
+  local lines_before
+  lines_before=$(wc -l <"$work/brimly.err")
+  kill -TERM "$1"
+  wait "$1" 2>/dev/null
+  check "without its compositor Brimly ends" eventually 5 bash -c "! kill -0 $brimly_pid 2>/dev/null"
+  check "… after exactly one line" test $(($(wc -l <"$work/brimly.err") - lines_before)) = 1
+  echo "      | $(tail -n1 "$work/brimly.err")"
+}
+
+# finish: what Brimly wrote on stderr, the verdict, and the exit status.
+finish() {
+  echo "      brimly wrote on stderr:"
+  sed 's/^/      | /' "$work/brimly.err"
+  [ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
+  exit $((failures > 0))
+}
 
 # --- reading the screen ----------------------------------------------------------------------------
 # Each test defines shoot <file>, a PPM of the output the panel is on, and sets width (its pixels),

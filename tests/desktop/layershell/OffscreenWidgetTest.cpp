@@ -4,36 +4,22 @@
 
 #include <QCoreApplication>
 #include <QImage>
-#include <QPainter>
 #include <QSignalSpy>
 #include <QWidget>
 #include <QWindow>
 
+#include "panel/views/SolidGrid.h"
+
 namespace brimly {
 namespace {
-
-// A widget that paints itself one colour and counts its paints.
-class Patch : public QWidget {
- public:
-  Patch(QColor colour, QWidget* parent = nullptr) : QWidget(parent), colour_(colour) {}
-  int paints = 0;
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    ++paints;
-    QPainter(this).fillRect(rect(), colour_);
-  }
-
- private:
-  QColor colour_;
-};
 
 class OffscreenWidgetTest : public ::testing::Test {
  protected:
   OffscreenWidgetTest() {
     top.resize(600, 148);
     top.setAttribute(Qt::WA_TranslucentBackground);
-    child = new Patch(Qt::red, &top);
+    child = new SolidGrid({50, 20}, Qt::red);
+    child->setParent(&top);
     child->setGeometry(10, 10, 50, 20);
     top.winId();
   }
@@ -45,7 +31,7 @@ class OffscreenWidgetTest : public ::testing::Test {
   }
 
   QWidget top;
-  Patch* child = nullptr;
+  SolidGrid* child = nullptr;
 };
 
 QRegion united(const QSignalSpy& spy) {
@@ -90,7 +76,8 @@ TEST_F(OffscreenWidgetTest, WidgetsThatComeLaterAreWatchedToo) {
   top.show();
   settle();
   auto* later = new QWidget(&top);
-  auto* grandchild = new Patch(Qt::blue, later);
+  auto* grandchild = new SolidGrid({10, 10}, Qt::blue);
+  grandchild->setParent(later);
   later->setGeometry(100, 50, 40, 40);
   grandchild->setGeometry(5, 5, 10, 10);
   later->show();
