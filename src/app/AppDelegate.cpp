@@ -24,6 +24,7 @@
 #include "platform/SystemLog.h"
 #include "settingswindow/views/SettingsWindow.h"
 #include "settingswindow/views/SettingsWindowController.h"
+#include "ui/BackgroundDrag.h"
 #include "usage/views/UsageView.h"
 #include "usage/views/UsageViewBinding.h"
 
@@ -40,8 +41,9 @@ AppDelegate::AppDelegate(const PlatformFactory& platform, KeyValueStore& default
       proximity_(panelState_, monitor_, scheduler_, tracker_),
       launch_(proximity_, tracker_, monitor_),
       aboutController_(std::make_unique<AboutWindowController>()) {
-  aboutController_->onWindowMade = [this](QWidget& window) { desktop_.titledWindowReady(window); };
-  aboutController_->onShown = aboutController_->onWindowMade;
+  settings_.setWriteFailureLog(writeSystemLogLine);
+  aboutController_->onWindowMade = [this](QWidget& window) { titledWindowMade(window); };
+  aboutController_->onShown = [this](QWidget& window) { desktop_.titledWindowReady(window); };
 }
 
 AppDelegate::~AppDelegate() {
@@ -123,10 +125,10 @@ void AppDelegate::buildControlPanel() {
   connectControlPanelActions(*controlModel_, controlServices_);
   settingsController_ =
       std::make_unique<SettingsWindowController>(settings_, *controlModel_, monitor_);
-  settingsController_->onWindowMade = [this](SettingsWindow& window) {
+  settingsController_->onWindowMade = [this](SettingsWindow& window) { titledWindowMade(window); };
+  settingsController_->onShown = [this](SettingsWindow& window) {
     desktop_.titledWindowReady(window);
   };
-  settingsController_->onShown = settingsController_->onWindowMade;
 
   controlPanelWindow_ = std::make_unique<ControlPanelWindow>(
       *controlModel_, desktop_.controlCardGrabsPointer() ? ControlPanelWindow::Kind::popUp
@@ -147,6 +149,13 @@ void AppDelegate::buildControlPanel() {
     return controlPanel_->pressOutsideCard(pointer);
   };
   controlPanelWindow_->onShown = [this] { desktop_.controlCardShown(*controlPanelWindow_); };
+}
+
+void AppDelegate::titledWindowMade(QWidget& window) {
+  desktop_.titledWindowReady(window);
+  // Moved by its background as by its title bar; the drag is the window's child, and goes with it.
+  new BackgroundDrag(window,
+                     [this](QWidget& dragged) { return desktop_.startWindowDrag(dragged); });
 }
 
 void AppDelegate::fitControlCardToDesktop() {
@@ -176,8 +185,9 @@ void AppDelegate::showControlsOnRequest() {
 }
 
 void AppDelegate::installSettingsShortcut() {
+  // Whatever window has the keyboard, the control card among them: the same as its "Settings".
   commaMonitor_ = std::make_unique<SettingsShortcutFilter>([this] {
-    if (settingsController_) settingsController_->show();
+    if (settingsController_) showSettingsBesideTheCard();
   });
   QCoreApplication::instance()->installEventFilter(commaMonitor_.get());
 }
@@ -229,6 +239,7 @@ void AppDelegate::queueScreenParamsChanged() {
 }
 
 void AppDelegate::screenParamsChanged() {
+  if (controlPanel_) controlPanel_->screensChanged();
   recomputeNotch();
   if (window_) {
     window_->rebuildRootView(notchSize_, placement_.hasNotch);

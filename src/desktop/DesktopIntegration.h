@@ -65,6 +65,10 @@ class DesktopIntegration {
   // window, before it is first shown, and again right after every show(): what the desktop adds
   // to Qt's window. Desktops whose window manager draws the title bar add nothing.
   virtual void titledWindowReady(QWidget& window) { (void)window; }
+  // Asked when a titled window is pressed on its background: starts the window system's own move
+  // of it from that press, as its title bar would, and answers whether the system took it. Qt's
+  // system move by default (X11 window managers, Wayland compositors).
+  virtual bool startWindowDrag(QWidget& window);
 };
 
 }  // namespace brimly

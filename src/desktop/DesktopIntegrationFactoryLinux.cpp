@@ -1,4 +1,7 @@
+#include <unistd.h>
+
 #include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -75,6 +78,18 @@ std::vector<std::string> installedPlatforms(const QtPlatformArguments& options) 
   return keys;
 }
 
+// The running program's path as the system has it, bytes no text can hold included (Qt's own
+// answer loses them).
+std::string executablePath() {
+  std::string path(4096, '\0');
+  const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
+  if (length <= 0 || static_cast<std::size_t>(length) >= path.size()) {
+    return QFile::encodeName(QCoreApplication::applicationFilePath()).toStdString();
+  }
+  path.resize(static_cast<std::size_t>(length));
+  return path;
+}
+
 // The connection that found the X server answering, kept open until the application has made its
 // own: an X server whose only client it was would reset when it closed, and turn Qt's connection
 // away while resetting (a bare Xvfb or xinit session whose first program is Brimly).
@@ -143,7 +158,7 @@ std::unique_ptr<DesktopIntegration> makeDesktopIntegration() {
 }
 
 std::unique_ptr<LoginItemPort> makeLoginItem() {
-  return XdgAutostartLoginItem::forThisUser(QCoreApplication::applicationFilePath());
+  return XdgAutostartLoginItem::forThisUser(executablePath());
 }
 
 }  // namespace brimly

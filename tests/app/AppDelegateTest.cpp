@@ -74,6 +74,10 @@ class FakeDesktop final : public DesktopIntegration {
   void prepareControlCard(QWidget&) override { ++cardPreparations; }
   void controlCardShown(QWidget&) override { ++cardShowings; }
   void titledWindowReady(QWidget& window) override { titledWindowsReady.push_back(&window); }
+  bool startWindowDrag(QWidget& window) override {
+    windowsDragged.push_back(&window);
+    return true;
+  }
 
   testing::FakeStatusItem statusItem_;
   testing::FakeOutsideClickMonitor outsideClicks_;
@@ -83,6 +87,7 @@ class FakeDesktop final : public DesktopIntegration {
   int cardPreparations = 0;
   int cardShowings = 0;
   std::vector<QWidget*> titledWindowsReady;
+  std::vector<QWidget*> windowsDragged;
 
   QtScreenPort screens_;
   FakePointerPort pointer_;
@@ -340,17 +345,50 @@ TEST_F(AppDelegateTest, CommandCommaOpensTheSettingsFromAnyOfBrimlysWindows) {
   delegate.settingsController()->window()->hide();
 }
 
+// A window of Brimly's that keeps the keys that reach it.
+class KeyRecorder final : public QWidget {
+ public:
+  std::vector<int> keys;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override { keys.push_back(event->key()); }
+};
+
 TEST_F(AppDelegateTest, CommandOptionCommaMatchesButCommandPeriodAndAPlainCommaPassThrough) {
   AppDelegate& delegate = launch();
+  KeyRecorder window;
   QKeyEvent period(QEvent::KeyPress, Qt::Key_Period, Qt::ControlModifier, ".");
-  QApplication::sendEvent(delegate.window(), &period);
+  QApplication::sendEvent(&window, &period);
   QKeyEvent comma(QEvent::KeyPress, Qt::Key_Comma, Qt::NoModifier, ",");
-  QApplication::sendEvent(delegate.window(), &comma);
+  QApplication::sendEvent(&window, &comma);
   EXPECT_EQ(delegate.settingsController()->window(), nullptr);
+  EXPECT_EQ(window.keys, (std::vector<int>{Qt::Key_Period, Qt::Key_Comma}));
+
   QKeyEvent optionComma(QEvent::KeyPress, Qt::Key_Comma, Qt::ControlModifier | Qt::AltModifier,
                         QString());
-  QApplication::sendEvent(delegate.window(), &optionComma);
+  QApplication::sendEvent(&window, &optionComma);
   ASSERT_NE(delegate.settingsController()->window(), nullptr);
+  EXPECT_TRUE(delegate.settingsController()->window()->isVisible());
+  // The shortcut is taken: the window never sees it.
+  EXPECT_EQ(window.keys, (std::vector<int>{Qt::Key_Period, Qt::Key_Comma}));
+  delegate.settingsController()->window()->hide();
+}
+
+TEST_F(AppDelegateTest, CommandCommaInTheOpenCardOpensTheSettingsAndLeavesTheCardAsSettingsDoes) {
+  // The pop-up card of X11, which Qt closes whenever another of its windows shows.
+  desktop_.statusItem_.button = Rect{500, 700, 24, 24};
+  desktop_.popUpCard = true;
+  AppDelegate& delegate = launch();
+  desktop_.statusItem_.click();
+  ASSERT_TRUE(delegate.controlPanel()->isVisible());
+  const QPoint where = delegate.controlPanel()->pos();
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Comma, Qt::ControlModifier, ",");
+  QApplication::sendEvent(delegate.controlPanel(), &press);
+  ASSERT_NE(delegate.settingsController()->window(), nullptr);
+  EXPECT_TRUE(delegate.settingsController()->window()->isVisible());
+  EXPECT_TRUE(delegate.controlPanel()->isVisible());
+  EXPECT_EQ(delegate.controlPanel()->pos(), where);
+  delegate.controlPanel()->close();
   delegate.settingsController()->window()->hide();
 }
 
@@ -382,6 +420,26 @@ TEST_F(AppDelegateTest, TheDesktopDressesTheSettingsAndAboutWindowsWhenMadeAndEa
   QWidget* about = delegate.aboutController().window();
   EXPECT_EQ(desktop_.titledWindowsReady,
             (std::vector<QWidget*>{settings, settings, about, about, about}));
+  settings->hide();
+  about->hide();
+}
+
+TEST_F(AppDelegateTest, TheSettingsAndAboutWindowsAreMovedByTheirBackground) {
+  AppDelegate& delegate = launch();
+  ControlPanelModel::invoke(delegate.controlModel()->onOpenSettings);
+  ControlPanelModel::invoke(delegate.controlModel()->onAbout);
+  QWidget* settings = delegate.settingsController()->window();
+  QWidget* about = delegate.aboutController().window();
+  // Near the top-left corner both show only their surface.
+  QTest::mousePress(settings, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  QTest::mouseRelease(settings, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  QTest::mousePress(about, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  QTest::mouseRelease(about, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  // Shown again, each still has one drag of its own.
+  ControlPanelModel::invoke(delegate.controlModel()->onAbout);
+  QTest::mousePress(about, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  QTest::mouseRelease(about, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  EXPECT_EQ(desktop_.windowsDragged, (std::vector<QWidget*>{settings, about, about}));
   settings->hide();
   about->hide();
 }

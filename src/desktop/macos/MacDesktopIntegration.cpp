@@ -102,7 +102,7 @@ void MacDesktopIntegration::controlCardShown(QWidget& card) {
   configureControlCard(id);
   // An accessory application's window takes the keyboard (Escape closes the card) only once the
   // application is active.
-  activateIgnoringOtherApplications();
+  activateApplication();
   makeKeyAndFront(id);
 }
 
@@ -111,6 +111,12 @@ void MacDesktopIntegration::titledWindowReady(QWidget& window) {
   // dark surface.
   configureTitledWindow(nativeId(window), window.width(), window.height(), Theme::surface.red,
                         Theme::surface.green, Theme::surface.blue);
+}
+
+bool MacDesktopIntegration::startWindowDrag(QWidget& window) {
+  // Qt's content view takes every click, so AppKit never sees a drag on the window's background
+  // by itself: the press being handled is handed to it here.
+  return dragWindowFromCurrentMouseDown(nativeId(window));
 }
 
 }  // namespace brimly

@@ -33,6 +33,7 @@ class MacDesktopIntegration final : public DesktopIntegration {
   void prepareControlCard(QWidget& card) override;
   void controlCardShown(QWidget& card) override;
   void titledWindowReady(QWidget& window) override;
+  bool startWindowDrag(QWidget& window) override;
 
  private:
   std::unique_ptr<ScreenPort> screens_;

@@ -30,12 +30,16 @@ TrayStatusItem::~TrayStatusItem() = default;
 bool TrayStatusItem::install(const StatusItemAppearance& appearance,
                              std::function<void()> onClick) {
   onClick_ = std::move(onClick);
-  tray_ = std::make_unique<QSystemTrayIcon>(applicationIcon());
+  tray_ = std::make_unique<QSystemTrayIcon>(applicationIcon(), this);
   tray_->setToolTip(QString::fromStdString(appearance.toolTip));
   connect(tray_.get(), &QSystemTrayIcon::activated, this,
           [this](QSystemTrayIcon::ActivationReason reason) {
-            // A left and a right click alike; a double click arrives as a second single one.
-            if (reason != QSystemTrayIcon::Trigger && reason != QSystemTrayIcon::Context) return;
+            // A left and a right click alike. A click soon after the one before is reported as
+            // a double click, and as nothing else: it is a click all the same.
+            if (reason != QSystemTrayIcon::Trigger && reason != QSystemTrayIcon::Context &&
+                reason != QSystemTrayIcon::DoubleClick) {
+              return;
+            }
             lastClick_ = QCursor::pos();
             if (onClick_) onClick_();
           });
