@@ -17,20 +17,8 @@ require_tools() {
   done
 }
 
-work=$(mktemp -d)
-pids=()
-cleanup() {
-  for ((i = ${#pids[@]} - 1; i >= 0; i--)); do kill "${pids[i]}" 2>/dev/null; wait "${pids[i]}" 2>/dev/null; done
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
-failures=0
-check() {  # check <description> <command…>
-  local description=$1
-  shift
-  if "$@"; then echo "ok    $description"; else echo "FAIL  $description"; failures=$((failures + 1)); fi
-}
+# shellcheck source=checks.sh
+source "$(dirname "${BASH_SOURCE[0]}")/checks.sh"
 
 # start_screen: an Xvfb of width × height that keeps its framebuffer in "$fb"; DISPLAY names it.
 start_screen() {
