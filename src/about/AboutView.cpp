@@ -38,8 +38,6 @@ AboutView::AboutView(QString fontFamily, std::optional<QImage> logo, QWidget* pa
     fontFamily_ = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
   }
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  setAccessibleName(QStringLiteral("About Brimly"));
-  describe(AboutContent::forVersion(applicationVersion()));
   resize(sizeHint());
 }
 
@@ -83,18 +81,26 @@ QSize AboutView::sizeHint() const {
   return QSize(static_cast<int>(std::ceil(size.width)), static_cast<int>(std::ceil(size.height)));
 }
 
-void AboutView::describe(const AboutContent& content) {
-  const QString description =
-      QStringLiteral("%1, %2. %3 By %4.")
-          .arg(QString::fromStdString(content.name), QString::fromStdString(content.version),
-               QString::fromStdString(content.tagline), QString::fromStdString(content.brandName));
-  if (accessibleDescription() != description) setAccessibleDescription(description);
+std::vector<DrawnText> AboutView::drawnTexts() const {
+  const AboutContent content = AboutContent::forVersion(applicationVersion());
+  const AboutGeometry geometry = layoutFor(content);
+  std::vector<DrawnText> texts;
+  for (const PlacedText& line : geometry.texts()) {
+    texts.push_back(DrawnText{QString::fromStdString(line.text), {}, toQRectF(line.frame)});
+  }
+  if (geometry.logo) {
+    // The mark is read after "by" and before the footer, where the maker's name would be.
+    const auto mark = texts.end() - 1;
+    texts.insert(mark, DrawnText{QString::fromStdString(content.brandName),
+                                 {},
+                                 toQRectF(*geometry.logo),
+                                 QAccessible::Graphic});
+  }
+  return texts;
 }
 
 void AboutView::paintEvent(QPaintEvent*) {
-  const AboutContent content = AboutContent::forVersion(applicationVersion());
-  describe(content);
-  const AboutGeometry geometry = layoutFor(content);
+  const AboutGeometry geometry = layoutFor(AboutContent::forVersion(applicationVersion()));
 
   QPainter painter(this);
   painter.fillRect(rect(), toQColor(AboutTheme::surface));

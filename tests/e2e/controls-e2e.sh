@@ -293,9 +293,4 @@ wait $app_pid
 status=$?
 check "Brimly exits with status 0" test "$status" = 0
 
-if [ -s "$work/brimly.err" ]; then
-  echo "      brimly wrote on stderr:"
-  sed 's/^/      | /' "$work/brimly.err"
-fi
-[ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
-exit $((failures > 0))
+finish

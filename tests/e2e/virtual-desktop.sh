@@ -20,6 +20,17 @@ require_tools() {
 # shellcheck source=checks.sh
 source "$(dirname "${BASH_SOURCE[0]}")/checks.sh"
 
+# finish: what Brimly wrote on stderr ("$work/brimly.err"), if anything, then PASSED or the number
+# of failed checks; exits with status 1 when a check failed.
+finish() {
+  if [ -s "$work/brimly.err" ]; then
+    echo "      brimly wrote on stderr:"
+    sed 's/^/      | /' "$work/brimly.err"
+  fi
+  [ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
+  exit $((failures > 0))
+}
+
 # start_screen: an Xvfb of width × height that keeps its framebuffer in "$fb"; DISPLAY names it.
 start_screen() {
   mkdir "$work/fb"

@@ -53,7 +53,6 @@ QString versionLine(const ControlPanelModel& model) {
 ControlPanelView::ControlPanelView(ControlPanelModel& model, QWidget* parent)
     : QWidget(parent), model_(model) {
   setAttribute(Qt::WA_TranslucentBackground);
-  setAccessibleName(QStringLiteral("Brimly"));
 
   ControlPanelMeasures measures;
   measures.name = measured(windowFont(*this, nameSize, QFont::DemiBold), "Brimly", *this);
@@ -117,6 +116,14 @@ void ControlPanelView::showModel() {
   switches_[1]->setOn(model_.launchAtLogin());
   switches_[2]->setOn(model_.useFahrenheit());
   update();
+}
+
+std::vector<DrawnText> ControlPanelView::drawnTexts() const {
+  return {
+      DrawnText{QStringLiteral("Brimly"), {}, toQRectF(layout_.name)},
+      DrawnText{versionLine(model_), {}, toQRectF(layout_.version)},
+      DrawnText{sectionTitle, {}, toQRectF(layout_.sectionLabel)},
+  };
 }
 
 void ControlPanelView::paintShadow(QPainter& painter) {

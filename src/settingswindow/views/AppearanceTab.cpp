@@ -24,15 +24,19 @@ QFont subtitleFont(const QPaintDevice& device) {
 
 }  // namespace
 
-AppearanceTab::AppearanceTab(QWidget* parent) : QWidget(parent) {
-  setAccessibleName(QStringLiteral("%1. %2").arg(title, subtitle));
-}
+AppearanceTab::AppearanceTab(QWidget* parent) : QWidget(parent) {}
 
 AppearanceTabGeometry AppearanceTab::placement() const {
   return AppearanceTabLayout::layout(
       Rect{0.0, 0.0, static_cast<double>(width()), static_cast<double>(height())},
       measuredText(titleFont(*this), title, *this),
       measuredText(subtitleFont(*this), subtitle, *this));
+}
+
+std::vector<DrawnText> AppearanceTab::drawnTexts() const {
+  const AppearanceTabGeometry placed = placement();
+  return {DrawnText{title, {}, toQRectF(placed.title)},
+          DrawnText{subtitle, {}, toQRectF(placed.subtitle)}};
 }
 
 void AppearanceTab::paintEvent(QPaintEvent*) {

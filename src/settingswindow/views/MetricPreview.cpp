@@ -13,6 +13,7 @@
 #include "settingswindow/views/TextMeasure.h"
 #include "ui/TextStyle.h"
 #include "ui/WindowFonts.h"
+#include "usage/views/CellReadout.h"
 #include "usage/views/QtColor.h"
 
 namespace brimly {
@@ -125,6 +126,16 @@ void MetricPreview::relayout() {
   geometry_ =
       MetricPreviewLayout::layout(settings_.metricOrder(), width(), cellWidth_, titleSizes_);
   update();
+}
+
+std::vector<DrawnText> MetricPreview::drawnTexts() const {
+  std::vector<DrawnText> texts;
+  for (const PreviewCell& cell : geometry_.cells) {
+    texts.push_back(
+        cellReadout(MetricCellContent::of(cell.kind, monitor_.current(), settings_.useFahrenheit()),
+                    toQRectF(cell.frame)));
+  }
+  return texts;
 }
 
 void MetricPreview::paintEvent(QPaintEvent*) {

@@ -26,7 +26,7 @@ SettingRow::SettingRow(QString icon, QString title, QWidget* parent)
       icon_(std::move(icon)),
       title_(std::move(title)),
       toggle_(new Switch(Switch::Size::small, this)) {
-  setAccessibleName(title_);
+  // The switch carries the title: the row around it adds nothing to read.
   toggle_->setAccessibleName(title_);
   connect(toggle_, &Switch::switchRequested, this, [this](bool on) {
     if (set) set(on);

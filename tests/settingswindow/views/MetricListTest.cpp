@@ -325,7 +325,7 @@ TEST_F(MetricListTest, RowsAndSwitchesAreNamedAndReachable) {
     EXPECT_TRUE(row(kind).focusPolicy() & Qt::TabFocus);
   }
   EXPECT_TRUE(row(cpu).accessibleDescription().startsWith(QStringLiteral("Shown")));
-  EXPECT_EQ(row(disk).accessibleDescription(), QStringLiteral("Hidden."));
+  EXPECT_EQ(row(disk).accessibleDescription(), QStringLiteral("Hidden, 1 of 1."));
   // Tab walks down the list: each row, then its switch.
   EXPECT_EQ(row(cpu).nextInFocusChain(), &row(cpu).toggle());
   EXPECT_EQ(row(cpu).toggle().nextInFocusChain(), &row(gpu));
