@@ -31,11 +31,7 @@ label=kwin-scale$scale
 
 # --- the compositor ------------------------------------------------------------------------------
 # A session bus of the user's own, for KWin's services.
-"${as_user[@]}" dbus-daemon --session --address="unix:path=$XDG_RUNTIME_DIR/bus" --nofork --nopidfile \
-  --syslog-only &
-pids+=($!)
-export DBUS_SESSION_BUS_ADDRESS="unix:path=$XDG_RUNTIME_DIR/bus"
-eventually 10 test -S "$XDG_RUNTIME_DIR/bus" || { echo "FAIL: no session bus"; exit 1; }
+start_bus bus DBUS_SESSION_BUS_ADDRESS || { echo "FAIL: no session bus"; exit 1; }
 # kwin_wayland carries a file capability that an unprivileged exec may not take: a copy has none,
 # and keeps its name, which KWin's platform code looks for.
 mkdir "$work/bin" && cp "$(command -v kwin_wayland)" "$work/bin/kwin_wayland"

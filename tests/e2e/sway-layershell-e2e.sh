@@ -40,20 +40,7 @@ at() {  # at <x> <y>: a point of the output
   move $(($1 * scale)) $(($2 * scale))
 }
 at $((points / 2)) 300
-# The window beneath, full screen in the desktop's colour.
-"${as_user[@]}" env QT_QPA_PLATFORM=wayland "$logger" $desktop >"$work/clicks" 2>"$work/logger.err" &
-pids+=($!)
-eventually 10 grep -q shown "$work/clicks" || { echo "FAIL: no window beneath"; exit 1; }
-# click_reaches <yes|no>: a click where the pointer is, and whether the window beneath got it
-# there (it says where, in points of its own, which are the output's).
-click_reaches() {
-  echo click >&3
-  if [ "$1" = yes ]; then
-    eventually 3 grep -qx "click $pointer_at" "$work/clicks"
-  else
-    ! eventually 1.5 grep -qx "click $pointer_at" "$work/clicks"
-  fi
-}
+start_window_beneath "$logger" || { echo "FAIL: no window beneath"; exit 1; }
 
 # --- reading the screen --------------------------------------------------------------------------
 output=HEADLESS-1

@@ -1,14 +1,16 @@
-# Shared by the layer-shell end-to-end scripts (sourced, not run): a headless Wayland compositor
-# that the test starts itself, in private namespaces and as an unprivileged user, a pointer the
-# test moves, and the checks' bookkeeping.
+# Shared by the Wayland end-to-end scripts (sway, KWin, GNOME Shell) and scripts/footprint-sway
+# (sourced, not run): a headless Wayland desktop that the script starts itself, in private
+# namespaces and as an unprivileged user, with the buses, pointer and window beneath that it needs,
+# Brimly on it, and the screen read back.
 #
 # Source it first, with the script's own arguments. Run as root, it starts the script again in a
-# private mount, network and process namespace: a /tmp of its own (for any X display the
-# compositor starts), no network, and every process it leaves behind ended with it. There the
-# compositor, Brimly and every tool run as nobody (uid 65534), with a runtime directory, settings
-# and home of their own, so that nothing meets another display on the machine. Anyone else than
-# root gets a skip (status 77), as does a machine that cannot make the namespaces (a container
-# without the privilege).
+# private mount, network and process namespace: a /tmp of its own (for the X displays a
+# compositor's XWayland takes), no network, no systemd (a stale /run/systemd would send GNOME Shell
+# looking for logind), and every process it leaves behind ended with it. There the compositor,
+# Brimly and every tool run as nobody (uid 65534), with a runtime directory, settings and home of
+# their own, so that nothing meets another display on the machine. Anyone else than root gets a
+# skip (status 77), as does a machine that cannot make the namespaces (a container without the
+# privilege).
 
 skip=77
 e2e=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)  # this folder, whoever sources it
@@ -24,7 +26,9 @@ if [ -z "${BRIMLY_E2E_IN_NAMESPACES:-}" ]; then
   fi
   # shellcheck disable=SC2016  # expanded by the inner shell
   BRIMLY_E2E_IN_NAMESPACES=1 exec "${namespaces[@]}" sh -c \
-    'mount -t tmpfs -o mode=1777 tmpfs /tmp && mkdir -m 1777 /tmp/.X11-unix && exec "$@"' \
+    'mount -t tmpfs -o mode=1777 tmpfs /tmp && mkdir -m 1777 /tmp/.X11-unix || exit 1
+     if [ -d /run/systemd ]; then mount -t tmpfs tmpfs /run/systemd; fi
+     exec "$@"' \
     sh "$0" "$@"
 fi
 
@@ -51,17 +55,6 @@ unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM XDG_SESSION_TYPE XDG_CURRENT_DESKT
 
 # A script that writes to a process gone away (the pointer driver) must not die of it.
 trap '' PIPE
-now() { date +%s.%N; }
-elapsed() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", b - a }'; }
-eventually() {  # eventually <seconds> <command…>: the command succeeds within the time
-  local deadline
-  deadline=$(awk -v t="$1" -v n="$(now)" 'BEGIN { printf "%.3f", n + t }')
-  shift
-  until "$@"; do
-    awk -v d="$deadline" -v n="$(now)" 'BEGIN { exit !(n > d) }' && return 1
-    sleep 0.05
-  done
-}
 
 # wait_for_socket: the compositor's Wayland socket, named in WAYLAND_DISPLAY (at most 20 s).
 wait_for_socket() {
@@ -104,6 +97,27 @@ start_pointer() {
 }
 move() { echo "move $1 $2" >&3; }
 
+# start_window_beneath <click logger> [env assignments…]: a full-screen window in the desktop's
+# colour that writes each click it gets, in its points, to $work/clicks; on Qt's Wayland platform.
+start_window_beneath() {
+  local logger=$1
+  shift
+  "${as_user[@]}" env QT_QPA_PLATFORM=wayland "$@" "$logger" "$desktop" >"$work/clicks" \
+    2>"$work/logger.err" &
+  pids+=($!)
+  eventually 10 grep -q shown "$work/clicks"
+}
+# click_reaches <yes|no>: a click where the pointer is, and whether the window beneath got it
+# there. The test's own `at` keeps where it put the pointer, in points, in $pointer_at.
+click_reaches() {
+  echo click >&3
+  if [ "$1" = yes ]; then
+    eventually 3 grep -qx "click $pointer_at" "$work/clicks"
+  else
+    ! eventually 1.5 grep -qx "click $pointer_at" "$work/clicks"
+  fi
+}
+
 # start_brimly <brimly> [env assignments…]: Brimly as the user, its output in $work/brimly.*.
 start_brimly() {
   local app=$1
@@ -124,14 +138,6 @@ end_compositor() {
   check "without its compositor Brimly ends" eventually 5 bash -c "! kill -0 $brimly_pid 2>/dev/null"
   check "… after exactly one line" test $(($(wc -l <"$work/brimly.err") - lines_before)) = 1
   echo "      | $(tail -n1 "$work/brimly.err")"
-}
-
-# finish: what Brimly wrote on stderr, the verdict, and the exit status.
-finish() {
-  echo "      brimly wrote on stderr:"
-  sed 's/^/      | /' "$work/brimly.err"
-  [ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
-  exit $((failures > 0))
 }
 
 # --- reading the screen ----------------------------------------------------------------------------
@@ -175,12 +181,6 @@ is_clear() { look && desktop_shows; }  # with the cursor near the card's place
 corners_clear() {
   look && test "$(pixel $(((width - $(px 600)) / 2)) $(($(px 148) - 1)))" = "$desktop" &&
     test "$(pixel $(((width + $(px 600)) / 2 - 1)) $(($(px 148) - 1)))" = "$desktop"
-}
-stays() {  # stays <seconds> <command…>: the command holds at every look for that long
-  local until
-  until=$(awk -v t="$1" -v n="$(now)" 'BEGIN { printf "%.3f", n + t }')
-  shift
-  while awk -v u="$until" -v n="$(now)" 'BEGIN { exit !(n < u) }'; do "$@" || return 1; done
 }
 picture() {  # picture <name>: the top of the screen, for people to look at, when asked for
   [ -n "${shots:-}" ] || return 0
