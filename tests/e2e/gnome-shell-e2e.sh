@@ -19,10 +19,7 @@ source "$here/wayland-desktop.sh"
 app=$1
 logger=$2
 shots=${3:-}
-for tool in gnome-shell Xwayland dbus-daemon gsettings python3 convert; do
-  command -v $tool >/dev/null 2>&1 || { echo "SKIPPED: $tool is not installed (scripts/install-deps --test installs it)"; exit $skip; }
-done
-"${as_user[@]}" python3 -c 'import dbus' 2>/dev/null || { echo "SKIPPED: python3-dbus is not installed"; exit $skip; }
+need gnome-shell Xwayland dbus-daemon gsettings python3 python3-dbus convert
 
 width=1280
 height=720
@@ -97,14 +94,10 @@ check "a click beside the open card reaches the window beneath" click_reaches ye
 check "leaving closes the card" eventually 5 is_closed
 at 360 60
 check "closed, a click where the card was reaches the window beneath" click_reaches yes
-kill -TERM "$brimly_pid"
-wait "$brimly_pid"
-check "SIGTERM ends it with status 0" test $? = 0
+stop_brimly
 
 # --- pinned --------------------------------------------------------------------------------------
-mkdir -p "$XDG_CONFIG_HOME/brimly"
-printf '[General]\nisPinned=true\n' >"$XDG_CONFIG_HOME/brimly/Brimly.conf"
-chown -R $user:$user "$XDG_CONFIG_HOME/brimly"
+pin
 start_brimly "$app" DISPLAY=:0 XAUTHORITY="$(xauthority)"
 check "pinned, the card is open without the pointer near" eventually 20 is_open
 picture pinned
@@ -112,7 +105,5 @@ at 640 100
 check "… it takes no click: the window beneath gets it" click_reaches yes
 at 640 400
 check "… and stays open when the pointer leaves" stays 1.5 is_open
-kill -TERM "$brimly_pid"
-wait "$brimly_pid"
-check "SIGTERM ends it with status 0" test $? = 0
+stop_brimly
 finish

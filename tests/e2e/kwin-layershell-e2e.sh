@@ -17,10 +17,7 @@ source "$here/wayland-desktop.sh"
 app=$1
 driver=$2
 shots=${3:-}
-for tool in kwin_wayland swaybg dbus-daemon python3; do
-  command -v $tool >/dev/null 2>&1 || { echo "SKIPPED: $tool is not installed (scripts/install-deps --test installs it)"; exit $skip; }
-done
-"${as_user[@]}" python3 -c 'import dbus' 2>/dev/null || { echo "SKIPPED: python3-dbus is not installed"; exit $skip; }
+need kwin_wayland swaybg dbus-daemon python3 python3-dbus
 
 scale=${BRIMLY_E2E_SCALE:-1}
 width=1280   # pixels

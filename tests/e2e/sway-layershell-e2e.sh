@@ -20,9 +20,7 @@ app=$1
 driver=$2
 logger=$3
 shots=${4:-}
-for tool in sway swaymsg grim; do
-  command -v $tool >/dev/null 2>&1 || { echo "SKIPPED: $tool is not installed (scripts/install-deps --test installs it)"; exit $skip; }
-done
+need sway swaymsg grim
 
 scale=${BRIMLY_E2E_SCALE:-1}
 width=1280
@@ -95,12 +93,8 @@ check "… and closes" eventually 5 is_closed
 rescale "$first_scale"
 
 # --- pinned --------------------------------------------------------------------------------------
-kill -TERM "$brimly_pid"
-wait "$brimly_pid"
-check "SIGTERM ends it with status 0" test $? = 0
-mkdir -p "$XDG_CONFIG_HOME/brimly"
-printf '[General]\nisPinned=true\n' >"$XDG_CONFIG_HOME/brimly/Brimly.conf"
-chown -R $user:$user "$XDG_CONFIG_HOME/brimly"
+stop_brimly
+pin
 start_brimly "$app"
 check "pinned, it is open from the start" eventually 10 is_open
 at $((points / 2)) 10

@@ -56,6 +56,20 @@ unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM XDG_SESSION_TYPE XDG_CURRENT_DESKT
 # A script that writes to a process gone away (the pointer driver) must not die of it.
 trap '' PIPE
 
+# need <tool…>: a skip where any of them is not installed; "python3-dbus" is Python's D-Bus module.
+need() {
+  local tool
+  for tool in "$@"; do
+    if [ "$tool" = python3-dbus ]; then
+      "${as_user[@]}" python3 -c 'import dbus' 2>/dev/null && continue
+    else
+      command -v "$tool" >/dev/null 2>&1 && continue
+    fi
+    echo "SKIPPED: $tool is not installed (scripts/install-deps --test installs it)"
+    exit $skip
+  done
+}
+
 # wait_for_socket: the compositor's Wayland socket, named in WAYLAND_DISPLAY (at most 20 s).
 wait_for_socket() {
   local socket
@@ -127,6 +141,18 @@ start_brimly() {
   pids+=($brimly_pid)
 }
 says() { grep -qF "$1" "$work/brimly.err"; }
+# stop_brimly: SIGTERM must end Brimly with status 0.
+stop_brimly() {
+  kill -TERM "$brimly_pid"
+  wait "$brimly_pid"
+  check "SIGTERM ends it with status 0" test $? = 0
+}
+# pin: the settings pin the panel open, for the next Brimly started.
+pin() {
+  mkdir -p "$XDG_CONFIG_HOME/brimly"
+  printf '[General]\nisPinned=true\n' >"$XDG_CONFIG_HOME/brimly/Brimly.conf"
+  chown -R $user:$user "$XDG_CONFIG_HOME/brimly"
+}
 
 # end_compositor <pid>: the compositor ends; Brimly ($brimly_pid) must end with it, after exactly
 # one line on stderr.

@@ -8,40 +8,18 @@
 #include <atomic>
 #include <thread>
 
+#include "support/EnvironmentOverride.h"
+
 namespace brimly {
 namespace {
+
+using testing::EnvironmentOverride;
 
 // An interface a compositor may offer, by name and version only: the registry announces no more,
 // and binding asks no more of it.
 struct Offer {
   const char* name;
   int version;
-};
-
-// Sets an environment variable for as long as it lives (removes it for a null value), and puts
-// back what was there.
-class ScopedVariable {
- public:
-  ScopedVariable(const char* name, const QByteArray& value)
-      : name_(name), wasSet_(qEnvironmentVariableIsSet(name)), previous_(qgetenv(name)) {
-    if (value.isNull()) {
-      qunsetenv(name);
-    } else {
-      qputenv(name, value);
-    }
-  }
-  ~ScopedVariable() {
-    if (wasSet_) {
-      qputenv(name_, previous_);
-    } else {
-      qunsetenv(name_);
-    }
-  }
-
- private:
-  const char* name_;
-  bool wasSet_;
-  QByteArray previous_;
 };
 
 // A compositor of the test's own on a socket in a private runtime directory, named by
@@ -80,9 +58,9 @@ class TinyCompositor {
 
   QTemporaryDir runtime_;
   // Set before the socket is made, which goes into the runtime directory.
-  ScopedVariable runtimeVariable_{"XDG_RUNTIME_DIR", runtime_.path().toUtf8()};
-  ScopedVariable displayVariable_{"WAYLAND_DISPLAY", kSocket};
-  ScopedVariable socketVariable_{"WAYLAND_SOCKET", QByteArray()};
+  EnvironmentOverride runtimeVariable_{"XDG_RUNTIME_DIR", runtime_.path().toUtf8()};
+  EnvironmentOverride displayVariable_{"WAYLAND_DISPLAY", kSocket};
+  EnvironmentOverride socketVariable_{"WAYLAND_SOCKET", QByteArray()};
   std::vector<wl_interface> interfaces_;
   wl_display* display_ = nullptr;
   bool listening_ = false;
@@ -99,15 +77,15 @@ const std::vector<Offer> kLayerShellDesktop = {
 
 TEST(WaylandConnectionEdge, NoCompositorNamedOpensNothing) {
   // libwayland would try "wayland-0" by itself; only a session that names a compositor counts.
-  const ScopedVariable display("WAYLAND_DISPLAY", QByteArray());
-  const ScopedVariable socket("WAYLAND_SOCKET", QByteArray());
+  const EnvironmentOverride display("WAYLAND_DISPLAY", QByteArray());
+  const EnvironmentOverride socket("WAYLAND_SOCKET", QByteArray());
   EXPECT_EQ(WaylandConnection::open(), nullptr);
 }
 
 TEST(WaylandConnectionEdge, ASocketNobodyServesOpensNothing) {
   QTemporaryDir empty;
-  const ScopedVariable display("WAYLAND_DISPLAY", empty.filePath("wayland-0").toUtf8());
-  const ScopedVariable socket("WAYLAND_SOCKET", QByteArray());
+  const EnvironmentOverride display("WAYLAND_DISPLAY", empty.filePath("wayland-0").toUtf8());
+  const EnvironmentOverride socket("WAYLAND_SOCKET", QByteArray());
   EXPECT_EQ(WaylandConnection::open(), nullptr);
 }
 
