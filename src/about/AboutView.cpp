@@ -1,7 +1,6 @@
 #include "about/AboutView.h"
 
 #include <QCoreApplication>
-#include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QIcon>
@@ -13,6 +12,7 @@
 #include "about/KorvelBrand.h"
 #include "artwork/Symbols.h"
 #include "panel/views/QtGeometry.h"
+#include "ui/WindowFonts.h"
 #include "usage/views/QtColor.h"
 
 namespace brimly {
@@ -34,9 +34,7 @@ QIcon iconToShow() {
 
 AboutView::AboutView(QString fontFamily, std::optional<QImage> logo, QWidget* parent)
     : QWidget(parent), fontFamily_(std::move(fontFamily)), logo_(std::move(logo)) {
-  if (fontFamily_.isEmpty()) {
-    fontFamily_ = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
-  }
+  if (fontFamily_.isEmpty()) fontFamily_ = windowFamily();
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   resize(sizeHint());
 }

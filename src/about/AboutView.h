@@ -17,7 +17,7 @@ namespace brimly {
 // each line as a label and the maker's mark as a picture named after the maker.
 class AboutView : public QWidget, public AccessibleParts {
  public:
-  // `fontFamily` empty means the system's default sans-serif; `logo` is the maker's wordmark,
+  // `fontFamily` empty means the windows' family (`windowFamily`); `logo` is the maker's wordmark,
   // absent to spell the name out instead.
   explicit AboutView(QString fontFamily = {}, std::optional<QImage> logo = defaultLogo(),
                      QWidget* parent = nullptr);

@@ -151,10 +151,8 @@ void ControlPanelView::paintEvent(QPaintEvent*) {
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(card.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
 
-  const qreal dpr = devicePixelRatioF();
-  painter.drawImage(toQRectF(layout_.headerSymbol),
-                    renderSymbol(headerSymbol, ControlPanelLayout::headerSymbolSize,
-                                 toQColor(Theme::accent), dpr));
+  paintSymbol(painter, headerSymbol, ControlPanelLayout::headerSymbolSize, toQColor(Theme::accent),
+              toQRectF(layout_.headerSymbol).center());
   painter.setPen(textColor(TextStyle::primary));
   painter.setFont(windowFont(*this, nameSize, QFont::DemiBold));
   painter.drawText(toQRectF(layout_.name), Qt::AlignLeft | Qt::AlignVCenter, "Brimly");
@@ -182,9 +180,8 @@ void ControlPanelView::paintEvent(QPaintEvent*) {
   painter.setFont(windowFont(*this, rowTitleSize, QFont::Normal));
   for (std::size_t i = 0; i < layout_.rows.size(); ++i) {
     const ControlPanelLayout::Row& row = layout_.rows[i];
-    const double size = ControlPanelLayout::rowSymbolSize;
-    const QRectF symbol(row.symbol.midX() - size / 2, row.symbol.midY() - size / 2, size, size);
-    painter.drawImage(symbol, renderSymbol(switchRows[i].symbol, size, secondary, dpr));
+    paintSymbol(painter, switchRows[i].symbol, ControlPanelLayout::rowSymbolSize, secondary,
+                toQRectF(row.symbol).center());
     painter.setPen(textColor(TextStyle::primary));
     painter.drawText(toQRectF(row.title), Qt::AlignLeft | Qt::AlignVCenter, switchRows[i].title);
   }

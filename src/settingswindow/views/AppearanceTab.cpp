@@ -44,11 +44,9 @@ void AppearanceTab::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawImage(
-      toQRectF(placed.symbol),
-      renderSymbol(symbolName, AppearanceTabLayout::symbolSize,
-                   toQColor(SettingsTheme::accent.withOpacity(AppearanceTabLayout::symbolOpacity)),
-                   devicePixelRatioF()));
+  paintSymbol(painter, symbolName, AppearanceTabLayout::symbolSize,
+              toQColor(SettingsTheme::accent.withOpacity(AppearanceTabLayout::symbolOpacity)),
+              toQRectF(placed.symbol).center());
   painter.setPen(textColor(TextStyle::primary));
   painter.setFont(titleFont(*this));
   painter.drawText(toQRectF(placed.title), Qt::AlignCenter | Qt::TextSingleLine, title);

@@ -98,9 +98,8 @@ void MetricRow::paintEvent(QPaintEvent*) {
   if (FocusRing::isShown(*this)) FocusRing::paint(painter, QRectF(rect()), focusRingRadius);
   if (dragged_) painter.setOpacity(draggedOpacity);
   const char* symbol = shown_ ? MetricListLayout::shownSymbol : MetricListLayout::hiddenSymbol;
-  painter.drawImage(local(row_.symbol),
-                    renderSymbol(symbol, MetricListLayout::symbolSize,
-                                 textColor(TextStyle::tertiary), devicePixelRatioF()));
+  paintSymbol(painter, symbol, MetricListLayout::symbolSize, textColor(TextStyle::tertiary),
+              local(row_.symbol).center());
   painter.setPen(textColor(shown_ ? TextStyle::primary : TextStyle::secondary));
   painter.setFont(titleFont(*this));
   painter.drawText(local(row_.title), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

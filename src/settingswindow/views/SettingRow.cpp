@@ -66,9 +66,8 @@ void SettingRow::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawImage(toQRectF(geometry_.symbol),
-                    renderSymbol(icon_, SettingRowLayout::symbolSize,
-                                 textColor(TextStyle::secondary), devicePixelRatioF()));
+  paintSymbol(painter, icon_, SettingRowLayout::symbolSize, textColor(TextStyle::secondary),
+              toQRectF(geometry_.symbol).center());
   painter.setPen(textColor(TextStyle::primary));
   painter.setFont(titleFont(*this));
   const QRectF title = toQRectF(geometry_.title);

@@ -126,9 +126,8 @@ void SettingsView::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.fillRect(rect(), toQColor(SettingsTheme::surface));
 
-  painter.drawImage(toQRectF(geometry_.headerSymbol),
-                    renderSymbol(headerSymbol, SettingsViewLayout::headerSymbolSize,
-                                 toQColor(SettingsTheme::accent), devicePixelRatioF()));
+  paintSymbol(painter, headerSymbol, SettingsViewLayout::headerSymbolSize,
+              toQColor(SettingsTheme::accent), toQRectF(geometry_.headerSymbol).center());
   painter.setPen(textColor(TextStyle::primary));
   painter.setFont(nameFont(*this));
   painter.drawText(toQRectF(geometry_.name), Qt::AlignLeft | Qt::AlignVCenter, productName);

@@ -87,9 +87,8 @@ void TabButton::paintEvent(QPaintEvent*) {
   painter.fillPath(shape, toQColor(background));
   if (FocusRing::isShown(*this)) FocusRing::paint(painter, frame, radius);
   const QColor colour = foreground();
-  painter.drawImage(toQRectF(placed_.symbol),
-                    renderSymbol(fromView(tab_.symbolName()), SettingsViewLayout::tabSymbolSize,
-                                 colour, devicePixelRatioF()));
+  paintSymbol(painter, fromView(tab_.symbolName()), SettingsViewLayout::tabSymbolSize, colour,
+              toQRectF(placed_.symbol).center());
   painter.setPen(colour);
   painter.setFont(font());
   painter.drawText(toQRectF(placed_.title), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
