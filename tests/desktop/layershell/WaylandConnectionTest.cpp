@@ -48,6 +48,9 @@ class TinyCompositor {
   ~TinyCompositor() {
     stop_ = true;
     if (thread_.joinable()) thread_.join();
+    // A client that hung up after the last dispatch is still listed; wl_display_destroy alone
+    // would leave its resources behind.
+    wl_display_destroy_clients(display_);
     wl_display_destroy(display_);
   }
 
