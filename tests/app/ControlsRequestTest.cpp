@@ -211,6 +211,11 @@ TEST_F(ControlsRequestTest, WhateverElseIsInTheWayIsLeftAlone) {
 }
 
 TEST_F(ControlsRequestTest, ChannelKeepsListeningWhenTheProcessRunsOutOfDescriptors) {
+#ifdef __SANITIZE_ADDRESS__
+  // The sanitized build also checks each member call's dynamic type, and that check opens a pipe:
+  // with no descriptor left it reports every call it has not seen before as a bad one.
+  GTEST_SKIP() << "the sanitizers need free descriptors of their own";
+#endif
   ControlsRequestServer server(socketPath());
   ASSERT_TRUE(server.listen());
   QSignalSpy requested(&server, &ControlsRequestServer::controlsRequested);

@@ -151,16 +151,21 @@ end_brimlies
 kill "$trayer_pid" 2>/dev/null
 
 # --- without a tray: a flood of connections ------------------------------------------------------
-err="$work/flood.err"
-start_brimly "$err"
-first=$started_pid
-check "without a tray Brimly comes up and says so" \
-  eventually 20 grep -q 'shows no system tray' "$err"
-eventually 20 panel_shown "$first"
-descriptors=$(ls /proc/"$first"/fd | wc -l)
-prlimit --pid "$first" --nofile=$((descriptors + 4)):$((descriptors + 4))
-flood() {  # connects 500 times without a word, holds them all for a while, then lets go
-  python3 - "$XDG_RUNTIME_DIR/app.brimly.Brimly.controls" <<'EOF'
+# A sanitized build checks each member call's dynamic type through a pipe of its own: with no
+# descriptor left it reports a bad call and stops, so only the plain build takes the flood.
+if ldd "$app" | grep -q libasan; then
+  echo "skip  a flood of connections: the sanitized build needs free descriptors of its own"
+else
+  err="$work/flood.err"
+  start_brimly "$err"
+  first=$started_pid
+  check "without a tray Brimly comes up and says so" \
+    eventually 20 grep -q 'shows no system tray' "$err"
+  eventually 20 panel_shown "$first"
+  descriptors=$(ls /proc/"$first"/fd | wc -l)
+  prlimit --pid "$first" --nofile=$((descriptors + 4)):$((descriptors + 4))
+  flood() {  # connects 500 times without a word, holds them all for a while, then lets go
+    python3 - "$XDG_RUNTIME_DIR/app.brimly.Brimly.controls" <<'EOF'
 import socket, sys, time
 held = []
 for _ in range(500):
@@ -174,19 +179,20 @@ for _ in range(500):
 time.sleep(1)
 print(len(held))
 EOF
-}
-rss_before=$(awk '/VmRSS/ { print $2 }' /proc/"$first"/status)
-held=$(flood)
-rss_after=$(awk '/VmRSS/ { print $2 }' /proc/"$first"/status)
-echo "      $held connections held against a limit of $((descriptors + 4)) descriptors;" \
-  "resident memory $rss_before KiB before, $rss_after KiB after"
-check "the channel's socket is still there" test -S "$XDG_RUNTIME_DIR/app.brimly.Brimly.controls"
-xdotool mousemove 700 400
-"$app" >/dev/null 2>"$work/second.err"
-status=$?
-check "a later launch leaves with status 0 (status $status)" test "$status" = 0
-check "… and the running Brimly opens its card" eventually 5 card_shown
-end_brimlies
+  }
+  rss_before=$(awk '/VmRSS/ { print $2 }' /proc/"$first"/status)
+  held=$(flood)
+  rss_after=$(awk '/VmRSS/ { print $2 }' /proc/"$first"/status)
+  echo "      $held connections held against a limit of $((descriptors + 4)) descriptors;" \
+    "resident memory $rss_before KiB before, $rss_after KiB after"
+  check "the channel's socket is still there" test -S "$XDG_RUNTIME_DIR/app.brimly.Brimly.controls"
+  xdotool mousemove 700 400
+  "$app" >/dev/null 2>"$work/second.err"
+  status=$?
+  check "a later launch leaves with status 0 (status $status)" test "$status" = 0
+  check "… and the running Brimly opens its card" eventually 5 card_shown
+  end_brimlies
+fi
 
 # --- another user's folder, lock and socket (root only) ------------------------------------------
 if [ "$(id -u)" != 0 ]; then
