@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "desktop/HoverNotice.h"
 #include "desktop/layershell/LayerShellPanel.h"
 #include "desktop/layershell/RepeatedMessageFilter.h"
 #include "desktop/layershell/WaylandConnection.h"
@@ -13,7 +12,7 @@ namespace brimly {
 
 LayerShellDesktopIntegration::LayerShellDesktopIntegration(
     HoverRouteChoice route, std::unique_ptr<WaylandConnection> connection)
-    : route_(std::move(route)),
+    : HoverZoneDesktopIntegration(std::move(route)),
       connection_(std::move(connection)),
       panel_(std::make_unique<LayerShellPanel>(*connection_)) {
   // Qt on the same compositor loses it at the same moment, and ends the program with a line of its
@@ -34,10 +33,6 @@ LayerShellDesktopIntegration::~LayerShellDesktopIntegration() = default;
 
 HoverZonePort* LayerShellDesktopIntegration::hoverZone() {
   return panel_.get();
-}
-
-std::optional<std::string> LayerShellDesktopIntegration::hoverNotice() const {
-  return brimly::hoverNotice(route_, PointerWatch::watching);
 }
 
 void LayerShellDesktopIntegration::prepareOverlay(PanelWindow& window) {

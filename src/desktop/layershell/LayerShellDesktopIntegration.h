@@ -2,10 +2,7 @@
 
 #include <memory>
 
-#include "desktop/HoverRoute.h"
-#include "desktop/QtScreenPort.h"
-#include "desktop/none/UnwatchedPointerPort.h"
-#include "desktop/tray/TrayDesktopIntegration.h"
+#include "desktop/HoverZoneDesktopIntegration.h"
 
 namespace brimly {
 
@@ -20,7 +17,7 @@ class WaylandConnection;
 // control card, the settings and About windows — is Qt's, on whichever platform Qt runs beside it
 // (see `platformToRequest`). A compositor that goes away ends Brimly with one line, as an X
 // server that dies does.
-class LayerShellDesktopIntegration final : public TrayDesktopIntegration {
+class LayerShellDesktopIntegration final : public HoverZoneDesktopIntegration {
  public:
   // `route`: the layer shell, and why (said at start). `connection` offers the layer shell
   // (WaylandConnection::offersLayerShell).
@@ -28,22 +25,16 @@ class LayerShellDesktopIntegration final : public TrayDesktopIntegration {
                                std::unique_ptr<WaylandConnection> connection);
   ~LayerShellDesktopIntegration() override;
 
-  const ScreenPort& screens() const override { return screens_; }
-  // No position is ever known; the hover zone tells inside and outside.
-  PointerPort& pointer() override { return pointer_; }
   HoverZonePort* hoverZone() override;
   void prepareOverlay(PanelWindow& window) override;
   // Qt never shows the panel's window: the layer surface does.
   void overlayShown(PanelWindow&) override {}
   void rootViewReplaced(PanelWindow& window) override;
-  std::optional<std::string> hoverNotice() const override;
-  // Every Wayland compositor blends, XWayland windows included.
-  bool supportsTranslucency() const override { return true; }
 
  private:
-  HoverRouteChoice route_;
-  QtScreenPort screens_;
-  UnwatchedPointerPort pointer_;
+  // The compositor's enter and leave are watched once the surface is there.
+  PointerWatch zoneWatch() const override { return PointerWatch::watching; }
+
   std::unique_ptr<WaylandConnection> connection_;
   std::unique_ptr<LayerShellPanel> panel_;
   std::unique_ptr<RepeatedMessageFilter> onceSaid_;
