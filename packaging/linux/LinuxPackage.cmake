@@ -44,9 +44,10 @@ string(REGEX REPLACE "^([0-9])$" "0\\1" brimly_day "${brimly_day}")
 set(BRIMLY_RELEASE_DATE "${brimly_year}-${brimly_month}-${brimly_day}")
 
 # Packages the .deb recommends: the typefaces Brimly's text is set in (the windows' Inter, with its
-# medium and semibold faces, and the panel's Quicksand and JetBrains Mono). Qt falls back to other
-# installed fonts without them, so they are recommended rather than required.
-set(BRIMLY_DEBIAN_RECOMMENDS fonts-inter fonts-quicksand fonts-jetbrains-mono)
+# medium and semibold faces, and the panel's Quicksand and JetBrains Mono; Qt falls back to other
+# installed fonts without them), and Qt's Wayland platform plug-in, on which Brimly runs where the
+# compositor has a layer shell and no XWayland is there (an X11 desktop never needs it).
+set(BRIMLY_DEBIAN_RECOMMENDS fonts-inter fonts-quicksand fonts-jetbrains-mono qt6-wayland)
 # Packages the .deb needs beyond the libraries the program links to (those are found by
 # dpkg-shlibdeps): Qt's X11 platform plug-in, without which no window or tray item can show. Debian
 # makes it only a recommendation of libqt6gui6.

@@ -15,12 +15,13 @@
 #include "desktop/DisplayCheck.h"
 #include "desktop/HoverRoute.h"
 #include "desktop/QtPlatformArguments.h"
+#include "desktop/layershell/LayerShellDesktopIntegration.h"
+#include "desktop/layershell/WaylandConnection.h"
 #include "desktop/none/PlainDesktopIntegration.h"
 #include "desktop/statusnotifier/DesktopStatusItem.h"
 #include "desktop/x11/X11DesktopIntegration.h"
 #include "desktop/xwayland/XWaylandDesktopIntegration.h"
 #include "platform/linux/XdgAutostartLoginItem.h"
-#include "platform/wayland/WaylandGlobals.h"
 #include "platform/x11/X11Desktop.h"
 
 namespace brimly {
@@ -31,9 +32,21 @@ std::string variable(const char* name) {
   return value != nullptr ? value : "";
 }
 
-// What the Wayland compositor named by WAYLAND_DISPLAY offers, asked once before Qt starts.
+// Brimly's own connection to the Wayland compositor named by WAYLAND_DISPLAY, opened once before
+// Qt starts: what the compositor offers decides the Qt platform and the hover route, and where it
+// offers the layer shell the panel keeps the connection. None where no compositor answers.
+std::unique_ptr<WaylandConnection>& waylandConnection() {
+  static std::unique_ptr<WaylandConnection> connection = WaylandConnection::open();
+  return connection;
+}
+
+// What that compositor answered; it stays the answer after the panel has taken the connection.
 WaylandAnswer compositorAnswer() {
-  static const WaylandAnswer answer = waylandAnswer(waylandGlobals(variable("WAYLAND_DISPLAY")));
+  static const WaylandAnswer answer = [] {
+    const std::unique_ptr<WaylandConnection>& connection = waylandConnection();
+    if (!connection) return WaylandAnswer::silent;
+    return connection->offersLayerShell() ? WaylandAnswer::layerShell : WaylandAnswer::plain;
+  }();
   return answer;
 }
 
@@ -117,21 +130,31 @@ void choosePlatformPlugin(const std::vector<std::string>& arguments) {
   // segment, a round trip; sent in the request itself such a strip costs far less than that
   // wait (a quarter of the panel's CPU time under a swinging load). A user's own choice stands.
   if (!qEnvironmentVariableIsSet("QT_XCB_NO_MITSHM")) qputenv("QT_XCB_NO_MITSHM", "1");
+  // Qt's Wayland platform loads the whole OpenGL stack (some 45 MB resident with Mesa) the first
+  // time a window paints, only to learn whether it could draw window decorations itself. The
+  // compositors with a layer shell decorate windows themselves, so the question need not be
+  // asked there. A user's own choice stands.
+  if (compositorAnswer() == WaylandAnswer::layerShell &&
+      !qEnvironmentVariableIsSet("QT_WAYLAND_DISABLE_WINDOWDECORATION")) {
+    qputenv("QT_WAYLAND_DISABLE_WINDOWDECORATION", "1");
+  }
 }
 
 std::unique_ptr<DesktopIntegration> makeDesktopIntegration() {
   answeringDisplay().reset();  // Qt's connection is open by now
-  // The last fact: whether this build draws the panel as a layer surface (the layer-shell panel
-  // is not part of it yet).
   const HoverRouteChoice choice =
       chooseHoverRoute({QGuiApplication::platformName().toStdString(), variable("XDG_SESSION_TYPE"),
-                        compositorAnswer(), false});
+                        compositorAnswer()});
+  // The connection that asked the compositor at start goes to the panel on the layer-shell route,
+  // whatever desktop platform Qt runs on beside it; any other route lets it go.
+  std::unique_ptr<WaylandConnection> wayland = std::move(waylandConnection());
   switch (choice.route) {
+    case HoverRoute::layerShell:
+      return std::make_unique<LayerShellDesktopIntegration>(choice, std::move(wayland));
     case HoverRoute::xwaylandHotZone:
       return std::make_unique<XWaylandDesktopIntegration>(choice);
     case HoverRoute::x11RawMotion:
       return std::make_unique<X11DesktopIntegration>(choice);
-    case HoverRoute::layerShell:
     case HoverRoute::none:
       break;
   }

@@ -67,13 +67,6 @@ std::string installedList(const std::vector<std::string>& installedPlatforms) {
 
 }  // namespace
 
-WaylandAnswer waylandAnswer(const std::optional<std::vector<std::string>>& offeredInterfaces) {
-  if (!offeredInterfaces) return WaylandAnswer::silent;
-  const bool layerShell = std::find(offeredInterfaces->begin(), offeredInterfaces->end(),
-                                    "zwlr_layer_shell_v1") != offeredInterfaces->end();
-  return layerShell ? WaylandAnswer::layerShell : WaylandAnswer::plain;
-}
-
 std::string x11DisplayName(const DisplayEnvironment& environment) {
   return environment.displayArgument.value_or(environment.display);
 }
@@ -142,8 +135,9 @@ std::optional<std::string> startupProblem(
 
 std::optional<std::string> platformToRequest(const DisplayEnvironment& environment) {
   if (environment.platformArgument || !environment.qpaPlatform.empty()) return std::nullopt;
-  if (x11DisplayName(environment).empty()) return std::nullopt;
-  return "xcb";
+  if (!x11DisplayName(environment).empty()) return "xcb";
+  if (environment.wayland == WaylandAnswer::layerShell) return "wayland";
+  return std::nullopt;
 }
 
 }  // namespace brimly

@@ -11,11 +11,8 @@ namespace brimly {
 enum class WaylandAnswer {
   silent,      // none answers (or none is named)
   plain,       // one answers, without the wlroots layer shell
-  layerShell,  // one answers and offers zwlr_layer_shell_v1
+  layerShell,  // one answers and offers zwlr_layer_shell_v1, with what a layer surface needs
 };
-
-// The answer for the interfaces a compositor offers; silent for none at all.
-WaylandAnswer waylandAnswer(const std::optional<std::vector<std::string>>& offeredInterfaces);
 
 // What the environment and the command line say about the window system, read before any of it
 // is touched (Qt ends the process with a core dump when it cannot start the platform it is asked
@@ -54,9 +51,13 @@ std::optional<std::string> startupProblem(
 // The X display Qt will open: the command line's "-display", else DISPLAY.
 std::string x11DisplayName(const DisplayEnvironment& environment);
 
-// The Qt platform to ask for, when the user has not chosen one: X11 wherever an X server is at
-// hand, also under Wayland through XWayland, because only X11 lets a window place itself at the
-// top of the screen and lets a program follow the pointer.
+// The Qt platform to ask for, when the user has not chosen one. X11 wherever an X server is at
+// hand, also under Wayland through XWayland: there the control card is a pop-up placed at the tray
+// icon, as on any X11 desktop, and without a layer shell only X11 lets a window place itself at
+// the top of the screen and a program follow the pointer. Where no X server is at hand but the
+// Wayland compositor offers the layer shell, Qt's own Wayland platform: the panel needs no X11
+// then (it is a layer surface of Brimly's own connection), so Brimly starts without XWayland.
+// Otherwise Qt chooses.
 std::optional<std::string> platformToRequest(const DisplayEnvironment& environment);
 
 }  // namespace brimly

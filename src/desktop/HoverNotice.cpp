@@ -11,7 +11,7 @@ std::string hoverIsOff(const std::string& why) {
 const char* routeName(HoverRoute route) {
   switch (route) {
     case HoverRoute::layerShell:
-      return "the Wayland layer shell";
+      return "a layer-shell hot zone at the top centre, which takes the clicks that land in it";
     case HoverRoute::xwaylandHotZone:
       return "an XWayland hot zone at the top centre, which takes the clicks that land in it";
     case HoverRoute::x11RawMotion:

@@ -28,7 +28,6 @@ struct HoverRouteFacts {
   std::string qtPlatform;   // the platform Qt runs on: "xcb", "wayland", "offscreen"…
   std::string sessionType;  // XDG_SESSION_TYPE
   WaylandAnswer wayland = WaylandAnswer::silent;  // what the compositor on WAYLAND_DISPLAY said
-  bool layerShellPanel = false;  // this build can draw the panel as a layer surface
 };
 
 struct HoverRouteChoice {
@@ -41,10 +40,10 @@ struct HoverRouteChoice {
 };
 
 // The route, in this order: none on a headless platform; the layer shell wherever the compositor
-// offers it and this build can draw there, whatever Qt runs on beside it; where Qt runs on X11,
-// the XWayland hot zone in a Wayland session (a compositor answered, or XDG_SESSION_TYPE says so
-// while none can be asked: a sandbox that lets Brimly reach only X11), raw motion otherwise;
-// none where Qt runs on Wayland without a layer shell.
+// offers it, whatever Qt runs on beside it; where Qt runs on X11, the XWayland hot zone in a
+// Wayland session (a compositor answered, or XDG_SESSION_TYPE says so while none can be asked: a
+// sandbox that lets Brimly reach only X11), raw motion otherwise; none where Qt runs on Wayland
+// without a layer shell.
 HoverRouteChoice chooseHoverRoute(const HoverRouteFacts& facts);
 
 }  // namespace brimly

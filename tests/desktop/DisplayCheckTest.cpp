@@ -188,6 +188,16 @@ TEST(DisplayCheckEdge, ASilentWaylandSocketBesideAWorkingX11ServerStartsOnX11) {
   EXPECT_TRUE(starts(environment, opens, kWithWayland));
 }
 
+TEST(DisplayCheckEdge, LayerShellWithoutXWaylandStartsOnQtsWaylandPlugin) {
+  // Whatever the session calls itself: sway started from a console sets no session type.
+  DisplayEnvironment environment = env("", "", "wayland-1");
+  environment.wayland = WaylandAnswer::layerShell;
+  EXPECT_TRUE(starts(environment, refuses, kWithWayland));
+  const std::string line = problem(environment, refuses, kDebianPlugins);
+  EXPECT_TRUE(oneLine(line));
+  EXPECT_NE(line.find("not installed"), std::string::npos) << line;
+}
+
 TEST(DisplayCheckEdge, GnomeWaylandSessionLeavesQtOnX11) {
   DisplayEnvironment environment = waylandSession("");
   environment.sessionDesktop = "ubuntu:GNOME";
@@ -252,20 +262,18 @@ TEST(PlatformRequestEdge, WaylandWithoutX11IsLeftToQt) {
   EXPECT_EQ(platformToRequest(env("", "", "")), std::nullopt);
 }
 
-TEST(WaylandAnswerEdge, NoCompositorIsSilent) {
-  EXPECT_EQ(waylandAnswer(std::nullopt), WaylandAnswer::silent);
+TEST(PlatformRequest, ALayerShellWithoutX11AsksForQtsWaylandPlugin) {
+  DisplayEnvironment environment = env("", "", "wayland-0");
+  environment.wayland = WaylandAnswer::layerShell;
+  EXPECT_EQ(platformToRequest(environment), "wayland");
 }
 
-TEST(WaylandAnswerEdge, ACompositorOfferingNothingStillAnswers) {
-  EXPECT_EQ(waylandAnswer(std::vector<std::string>{}), WaylandAnswer::plain);
-}
-
-TEST(WaylandAnswer, OnlyTheWlrootsLayerShellCountsAsOne) {
-  EXPECT_EQ(waylandAnswer(std::vector<std::string>{"wl_compositor", "xdg_wm_base", "wl_seat"}),
-            WaylandAnswer::plain);
-  EXPECT_EQ(waylandAnswer(std::vector<std::string>{"wl_compositor", "zwlr_layer_shell_v1"}),
-            WaylandAnswer::layerShell);
-  EXPECT_EQ(waylandAnswer(std::vector<std::string>{"zwlr_layer_shell_v2"}), WaylandAnswer::plain);
+TEST(PlatformRequest, ALayerShellBesideXWaylandStillAsksForX11) {
+  DisplayEnvironment environment = env("", ":0", "wayland-0");
+  environment.wayland = WaylandAnswer::layerShell;
+  EXPECT_EQ(platformToRequest(environment), "xcb");
+  environment.qpaPlatform = "wayland";
+  EXPECT_EQ(platformToRequest(environment), std::nullopt);
 }
 
 }  // namespace

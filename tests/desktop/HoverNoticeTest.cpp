@@ -42,16 +42,19 @@ TEST(HoverNotice, AWorkingRouteIsNamedWithItsReason) {
   EXPECT_EQ(hoverNotice(kX11, PointerWatch::watching),
             "Brimly: hover through X11 raw pointer motion (an X11 session).");
   EXPECT_EQ(hoverNotice(kLayerShell, PointerWatch::watching),
-            "Brimly: hover through the Wayland layer shell (the Wayland compositor offers "
-            "zwlr_layer_shell_v1).");
+            "Brimly: hover through a layer-shell hot zone at the top centre, which takes the "
+            "clicks that land in it (the Wayland compositor offers zwlr_layer_shell_v1).");
 }
 
-TEST(HoverNotice, TheHotZoneSaysThatItTakesClicks) {
-  const auto notice = hoverNotice(kHotZone, PointerWatch::watching);
-  ASSERT_TRUE(notice);
-  EXPECT_NE(notice->find("XWayland hot zone"), std::string::npos);
-  EXPECT_NE(notice->find("takes the clicks"), std::string::npos);
-  EXPECT_NE(notice->find("no layer shell"), std::string::npos);
+TEST(HoverNotice, BothWaylandHotZonesSayThatTheyTakeClicks) {
+  const auto xwayland = hoverNotice(kHotZone, PointerWatch::watching);
+  ASSERT_TRUE(xwayland);
+  EXPECT_NE(xwayland->find("XWayland hot zone"), std::string::npos);
+  EXPECT_NE(xwayland->find("takes the clicks"), std::string::npos);
+  EXPECT_NE(xwayland->find("no layer shell"), std::string::npos);
+  const auto layerShell = hoverNotice(kLayerShell, PointerWatch::watching);
+  ASSERT_TRUE(layerShell);
+  EXPECT_NE(layerShell->find("takes the clicks"), std::string::npos);
 }
 
 TEST(HoverNotice, EveryNoticeIsOneLineNamingBrimly) {

@@ -5,9 +5,8 @@
 namespace brimly {
 namespace {
 
-HoverRouteFacts facts(const char* qtPlatform, WaylandAnswer wayland, const char* sessionType = "",
-                      bool layerShellPanel = true) {
-  return HoverRouteFacts{qtPlatform, sessionType, wayland, layerShellPanel};
+HoverRouteFacts facts(const char* qtPlatform, WaylandAnswer wayland, const char* sessionType = "") {
+  return HoverRouteFacts{qtPlatform, sessionType, wayland};
 }
 
 HoverRoute route(const HoverRouteFacts& facts) {
@@ -25,31 +24,31 @@ TEST(HoverRouteEdge, AHeadlessPlatformFollowsNothingAndSaysNothing) {
 }
 
 TEST(HoverRouteEdge, QtOnWaylandWithoutALayerShellFollowsNothingAndSaysWhy) {
-  const HoverRouteChoice choice = chooseHoverRoute(facts("wayland", WaylandAnswer::plain));
-  EXPECT_EQ(choice.route, HoverRoute::none);
-  EXPECT_NE(choice.reason.find("no layer shell"), std::string::npos) << choice.reason;
-}
-
-TEST(HoverRouteEdge, ALayerShellThisBuildCannotDrawOnIsNotChosen) {
-  const HoverRouteFacts offered = facts("xcb", WaylandAnswer::layerShell, "wayland", false);
-  // Not the hot zone either: KWin, which offers the layer shell, loses X Leave events.
-  EXPECT_EQ(route(offered), HoverRoute::x11RawMotion);
-  EXPECT_NE(chooseHoverRoute(offered).reason.find("cannot draw"), std::string::npos);
-  EXPECT_EQ(route(facts("wayland", WaylandAnswer::layerShell, "wayland", false)), HoverRoute::none);
+  for (WaylandAnswer wayland : {WaylandAnswer::plain, WaylandAnswer::silent}) {
+    const HoverRouteChoice choice = chooseHoverRoute(facts("wayland", wayland, "wayland"));
+    EXPECT_EQ(choice.route, HoverRoute::none);
+    EXPECT_NE(choice.reason.find("no layer shell"), std::string::npos) << choice.reason;
+  }
 }
 
 TEST(HoverRouteEdge, ASessionThatSaysWaylandWithoutAnAnsweringCompositorTakesTheHotZone) {
   // A sandbox that lets Brimly reach XWayland only: raw motion would see no Wayland window.
-  EXPECT_EQ(route(facts("xcb", WaylandAnswer::silent, "wayland")), HoverRoute::xwaylandHotZone);
+  const HoverRouteChoice choice = chooseHoverRoute(facts("xcb", WaylandAnswer::silent, "wayland"));
+  EXPECT_EQ(choice.route, HoverRoute::xwaylandHotZone);
+  EXPECT_NE(choice.reason.find("cannot reach"), std::string::npos) << choice.reason;
 }
 
 // --- Properties ---
 
 TEST(HoverRoute, TheLayerShellWinsWhateverQtRunsOn) {
+  // sway without XWayland runs Qt on Wayland; KWin starts Brimly with DISPLAY set, on X11.
   for (const char* platform : {"wayland", "wayland-egl", "xcb"}) {
-    const HoverRouteChoice choice = chooseHoverRoute(facts(platform, WaylandAnswer::layerShell));
-    EXPECT_EQ(choice.route, HoverRoute::layerShell) << platform;
-    EXPECT_NE(choice.reason.find("zwlr_layer_shell_v1"), std::string::npos);
+    for (const char* sessionType : {"wayland", ""}) {
+      const HoverRouteChoice choice =
+          chooseHoverRoute(facts(platform, WaylandAnswer::layerShell, sessionType));
+      EXPECT_EQ(choice.route, HoverRoute::layerShell) << platform;
+      EXPECT_NE(choice.reason.find("zwlr_layer_shell_v1"), std::string::npos);
+    }
   }
 }
 
@@ -70,13 +69,13 @@ TEST(HoverRoute, AnX11SessionKeepsRawMotion) {
   EXPECT_EQ(route(facts("xcb", WaylandAnswer::silent, "tty")), HoverRoute::x11RawMotion);
 }
 
-TEST(HoverRoute, EveryDesktopRouteSaysWhy) {
+TEST(HoverRoute, EveryDesktopRouteSaysWhyInOneLine) {
   for (WaylandAnswer wayland :
        {WaylandAnswer::silent, WaylandAnswer::plain, WaylandAnswer::layerShell}) {
     for (const char* platform : {"xcb", "wayland"}) {
-      for (bool panel : {true, false}) {
-        const HoverRouteChoice choice = chooseHoverRoute(facts(platform, wayland, "", panel));
-        EXPECT_FALSE(choice.reason.empty()) << platform;
+      for (const char* sessionType : {"wayland", "x11", ""}) {
+        const HoverRouteChoice choice = chooseHoverRoute(facts(platform, wayland, sessionType));
+        EXPECT_FALSE(choice.reason.empty()) << platform << " " << sessionType;
         EXPECT_EQ(choice.reason.find('\n'), std::string::npos);
       }
     }

@@ -15,19 +15,12 @@ version=$3
 trees=${4:-}
 here=$(cd "$(dirname "$0")" && pwd)
 
-# Everything runs on a session bus of its own, which ends with the test.
-if [ -z "${BRIMLY_E2E_PRIVATE_BUS:-}" ]; then
-  command -v dbus-run-session >/dev/null 2>&1 ||
-    { echo "FAIL: dbus-run-session is missing (scripts/install-deps installs it)"; exit 1; }
-  exec env BRIMLY_E2E_PRIVATE_BUS=1 dbus-run-session -- "$0" "$@"
-fi
-
 width=1512
 height=982
 tray_size=32
 # shellcheck source=virtual-desktop.sh
 source "$here/virtual-desktop.sh"
-require_tools xdotool trayer
+require_tools xdotool trayer dbus-daemon
 bus_launcher=/usr/libexec/at-spi-bus-launcher
 [ -x "$bus_launcher" ] || { echo "FAIL: $bus_launcher is missing (at-spi2-core; scripts/install-deps installs it)"; exit 1; }
 # pyatspi belongs to the system's Python, whatever other python3 comes first on the PATH.
@@ -35,6 +28,10 @@ python=/usr/bin/python3
 "$python" -c 'import pyatspi' 2>/dev/null ||
   { echo "FAIL: $python cannot import pyatspi (python3-pyatspi; scripts/install-deps installs it)"; exit 1; }
 
+export XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/runtime"
+mkdir -p "$XDG_CONFIG_HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
+# Everything runs on a session bus of its own, which ends with the test.
+start_bus bus DBUS_SESSION_BUS_ADDRESS || { echo "FAIL: the session bus did not start"; exit 1; }
 start_screen
 trayer --edge top --align right --widthtype pixel --width $tray_size --heighttype pixel \
   --height $tray_size --SetDockType true --SetPartialStrut true --expand false \
@@ -45,9 +42,7 @@ pids+=($!)
 "$bus_launcher" --launch-immediately >"$work/at-spi.log" 2>&1 &
 pids+=($!)
 
-export XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/runtime"
 export BRIMLY_SYSTEM_ROOT="$fixture" QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
-mkdir -p "$XDG_CONFIG_HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
 xdotool mousemove $((width / 2)) 500
 
 "$app" >"$work/brimly.out" 2>"$work/brimly.err" &

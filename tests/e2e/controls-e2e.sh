@@ -35,15 +35,6 @@ if [ -z "$(fc-list 'Inter' family)" ]; then
   exit $skip
 fi
 
-# Polls <command…> every 50 ms for at most <seconds>.
-eventually() {
-  local seconds=$1
-  shift
-  local tries=$((seconds * 20))
-  for _ in $(seq "$tries"); do "$@" && return 0; sleep 0.05; done
-  return 1
-}
-
 # --- the desktop ---------------------------------------------------------------------------------
 start_screen
 xsetroot -solid '#3a6ea5'

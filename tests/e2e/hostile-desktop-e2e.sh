@@ -37,12 +37,6 @@ end_brimlies() {
 }
 trap 'end_brimlies; cleanup' EXIT
 
-eventually() {  # eventually <seconds> <command…>: polls every 50 ms
-  local tries=$(($1 * 20))
-  shift
-  for _ in $(seq "$tries"); do "$@" && return 0; sleep 0.05; done
-  return 1
-}
 card_shown() { xdotool search --onlyvisible --name '^Brimly controls$' >/dev/null 2>&1; }
 card_hidden() { ! card_shown; }
 panel_shown() { xdotool search --onlyvisible --pid "$1" --name '^Brimly$' >/dev/null 2>&1; }
@@ -267,5 +261,4 @@ EOF
   end_brimlies
 fi
 
-[ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
-exit $((failures > 0))
+finish

@@ -36,10 +36,8 @@ else
   exit 1
 fi
 
-now() { date +%s.%N; }
 eventually_window() {  # a visible window named exactly $1 appears within 5 s
-  for _ in $(seq 100); do xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1 && return 0; sleep 0.05; done
-  return 1
+  eventually 5 xdotool search --onlyvisible --name "^$1\$" >/dev/null 2>&1
 }
 panel_window() { xdotool search --onlyvisible --pid "$app_pid" --name '^Brimly$' 2>/dev/null | head -n1; }
 # Waits (at most 20 s) until Brimly's panel window is mapped; the time lands in $panel_mapped.
@@ -50,7 +48,6 @@ panel_mapped() {
   done
   return 1
 }
-elapsed() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", b - a }'; }
 
 # --- the desktop ---------------------------------------------------------------------------------
 start_screen

@@ -8,40 +8,15 @@
 set -uo pipefail
 
 app=$1
-skip=77
-if ! command -v Xvfb >/dev/null 2>&1; then
-  echo "SKIPPED: Xvfb is not installed (scripts/install-deps installs it)"
-  exit $skip
-fi
-command -v xdotool >/dev/null 2>&1 || { echo "FAIL: xdotool is missing"; exit 1; }
-
-work=$(mktemp -d)
-pids=()
-cleanup() {
-  for pid in "${pids[@]}"; do kill -KILL "$pid" 2>/dev/null; wait "$pid" 2>/dev/null; done
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
-# -noreset: a desktop's X server always has clients; a bare Xvfb would reset each time Brimly,
-# its only client, ends, and turn away the next one while resetting.
-Xvfb -displayfd 3 -nolisten tcp -noreset -screen 0 1280x800x24 3>"$work/display" 2>"$work/xvfb.log" &
-pids+=($!)
-for _ in $(seq 200); do [ -s "$work/display" ] && break; sleep 0.05; done
-[ -s "$work/display" ] || { echo "FAIL: Xvfb did not start"; exit 1; }
-export DISPLAY=":$(head -n1 "$work/display")"
-unset WAYLAND_DISPLAY XDG_SESSION_TYPE QT_QPA_PLATFORM
+width=1280
+height=800
+here=$(cd "$(dirname "$0")" && pwd)
+# shellcheck source=virtual-desktop.sh
+source "$here/virtual-desktop.sh"
+require_tools xdotool
+start_screen
 export XDG_CONFIG_HOME="$work/config" XDG_RUNTIME_DIR="$work/runtime"
 mkdir -p "$XDG_CONFIG_HOME" && mkdir -m 700 "$XDG_RUNTIME_DIR"
-
-failures=0
-check() {  # check <description> <command…>
-  local description=$1
-  shift
-  if "$@"; then echo "ok    $description"; else echo "FAIL  $description"; failures=$((failures + 1)); fi
-}
-now() { date +%s.%N; }
-elapsed() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.2f", b - a }'; }
 
 # Starts Brimly and waits (at most 20 s) until its panel is on screen; the process id lands in
 # $started_pid. A background job of a script starts with SIGINT ignored, and Brimly leaves an
@@ -93,5 +68,4 @@ check "it is still running" kill -0 "$started_pid"
 kill -s TERM "$started_pid"
 wait_for_end "$started_pid"
 
-[ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
-exit $((failures > 0))
+finish

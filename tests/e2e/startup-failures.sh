@@ -13,13 +13,8 @@
 set -uo pipefail
 
 app=$1
-work=$(mktemp -d)
-pids=()
-cleanup() {
-  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null; wait "$pid" 2>/dev/null; done
-  rm -rf "$work"
-}
-trap cleanup EXIT
+# shellcheck source=checks.sh
+source "$(dirname "$0")/checks.sh"
 
 # A private runtime directory (single-instance lock) and settings store for every run.
 export XDG_RUNTIME_DIR="$work/runtime" XDG_CONFIG_HOME="$work/config"
@@ -51,7 +46,6 @@ if command -v Xvfb >/dev/null 2>&1; then
   fi
 fi
 
-failures=0
 # expect_refusal <description> <command…>: the command (brimly with its environment) must end with
 # status 3 after writing exactly one line to stderr and nothing to stdout.
 expect_refusal() {
@@ -85,5 +79,4 @@ expect_refusal "QT_QPA_PLATFORM=wayland, nobody serving WAYLAND_DISPLAY" \
 expect_refusal "no display at all" env -u DISPLAY "$app"
 expect_refusal "DISPLAY naming no server" env DISPLAY="$nobody" "$app"
 
-[ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
-exit $((failures > 0))
+finish

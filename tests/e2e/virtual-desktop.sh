@@ -1,5 +1,5 @@
-# Shared by the end-to-end scripts (sourced, not run): the checks' bookkeeping, the processes to
-# end on exit, and a virtual X11 screen whose framebuffer the checks read directly.
+# Shared by the X11 end-to-end scripts (sourced, not run): a virtual X11 screen whose framebuffer
+# the checks read directly, and the bookkeeping of checks.sh.
 #
 # Before sourcing, set `width` and `height` (the screen's size in pixels).
 
@@ -17,31 +17,8 @@ require_tools() {
   done
 }
 
-work=$(mktemp -d)
-pids=()
-cleanup() {
-  for ((i = ${#pids[@]} - 1; i >= 0; i--)); do kill "${pids[i]}" 2>/dev/null; wait "${pids[i]}" 2>/dev/null; done
-  rm -rf "$work"
-}
-trap cleanup EXIT
-
-failures=0
-check() {  # check <description> <command…>
-  local description=$1
-  shift
-  if "$@"; then echo "ok    $description"; else echo "FAIL  $description"; failures=$((failures + 1)); fi
-}
-
-# finish: what Brimly wrote on stderr ("$work/brimly.err"), if anything, then PASSED or the number
-# of failed checks; exits with status 1 when a check failed.
-finish() {
-  if [ -s "$work/brimly.err" ]; then
-    echo "      brimly wrote on stderr:"
-    sed 's/^/      | /' "$work/brimly.err"
-  fi
-  [ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
-  exit $((failures > 0))
-}
+# shellcheck source=checks.sh
+source "$(dirname "${BASH_SOURCE[0]}")/checks.sh"
 
 # start_screen: an Xvfb of width × height that keeps its framebuffer in "$fb"; DISPLAY names it.
 start_screen() {

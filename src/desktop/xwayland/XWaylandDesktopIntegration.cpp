@@ -9,8 +9,4 @@ void XWaylandDesktopIntegration::overlayShown(PanelWindow& window) {
   window.raise();
 }
 
-std::optional<std::string> XWaylandDesktopIntegration::hoverNotice() const {
-  return brimly::hoverNotice(route_, zone_.watch());
-}
-
 }  // namespace brimly

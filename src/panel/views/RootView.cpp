@@ -84,7 +84,12 @@ void RootView::setOpen(bool open) {
   if (!openness_.isSettled(now) || contentFade_.isRunning(now)) frameTimer_.run();
 }
 
+void RootView::setFrameShownCheck(std::function<bool()> hasShownFrame) {
+  hasShownFrame_ = std::move(hasShownFrame);
+}
+
 bool RootView::isAwaitingFirstFrame() const {
+  if (hasShownFrame_) return isVisible() && !hasShownFrame_();
   const QWindow* shownIn = window()->windowHandle();
   return isVisible() && (shownIn == nullptr || !shownIn->isExposed());
 }

@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 
 #include "panel/FadeAnimation.h"
 #include "panel/NotchShape.h"
@@ -45,6 +46,11 @@ class RootView : public QWidget {
   double cardOpacity() const;
   double contentOpacity() const;
 
+  // Where something other than the view's own window puts it on screen (a layer surface it is
+  // painted into), `hasShownFrame` tells whether a frame of it is there yet: until then a change
+  // of state jumps instead of animating. By default the window's exposure tells.
+  void setFrameShownCheck(std::function<bool()> hasShownFrame);
+
   // The clock and frame pacing, exposed so tests can step time by hand.
   FrameTimer& frameTimer() { return frameTimer_; }
   bool isAnimating() const { return frameTimer_.isRunning(); }
@@ -74,6 +80,7 @@ class RootView : public QWidget {
   // The layer the grid is drawn through while it fades or the card cuts it; none otherwise. The
   // grid owns it.
   CardLayerEffect* gridEffect_ = nullptr;
+  std::function<bool()> hasShownFrame_;
   FrameTimer frameTimer_;
   SpringAnimation openness_;
   FadeAnimation contentFade_;

@@ -202,6 +202,19 @@ TEST_F(RootViewTest, OpeningBeforeTheFirstFrameShowsTheOpenCardAtOnce) {
   EXPECT_EQ(view->contentOpacity(), 1.0);
 }
 
+TEST_F(RootViewTest, ADrawerOfItsOwnSaysWhenTheFirstFrameIsOnScreen) {
+  // Shown through something other than its window (a layer surface): the window is never exposed.
+  bool frameShown = false;
+  view->setFrameShownCheck([&] { return frameShown; });
+  view->show();
+  state.setOpen(true);
+  EXPECT_FALSE(view->isAnimating());  // no frame yet: the open card at once
+  EXPECT_EQ(view->cardFrame(), (Rect{0.0, 0.0, 600.0, 148.0}));
+  frameShown = true;
+  state.setOpen(false);
+  EXPECT_TRUE(view->isAnimating());  // on screen: it springs shut
+}
+
 TEST_F(RootViewTest, JumpBeforeTheFirstFrameSaysTheCardChanged) {
   QSignalSpy changed(view.get(), &RootView::cardChanged);
   view->show();
