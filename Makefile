@@ -11,16 +11,20 @@ else
 APP := $(BUILD_DIR)/src/app/brimly
 endif
 
-.PHONY: deps build test run audit bench footprint package install uninstall format clean
+.PHONY: deps test-deps build test run audit bench footprint package install uninstall format clean
 
 deps:
 	@scripts/install-deps
+
+# Also what only the tests use (the desktops the end-to-end tests start).
+test-deps:
+	@scripts/install-deps --test
 
 build: deps
 	@cmake --preset $(PRESET)
 	@cmake --build --preset $(PRESET)
 
-test: build
+test: test-deps build
 	@ctest --preset $(PRESET)
 
 # Without a display Brimly says so in one line (exit status 3); the text report follows instead.

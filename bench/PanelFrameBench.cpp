@@ -21,7 +21,7 @@
 #include <QWindow>
 #include <memory>
 
-#include "app/DesktopIntegrationFactory.h"
+#include "desktop/DesktopIntegrationFactory.h"
 #include "panel/PanelState.h"
 #include "panel/views/PanelWindow.h"
 #include "panel/views/RootView.h"

@@ -8,14 +8,14 @@
 #include <cstdio>
 
 #include "about/AboutWindowController.h"
-#include "app/DesktopIntegration.h"
-#include "app/QtScreenPort.h"
 #include "app/SettingsShortcutFilter.h"
 #include "controlpanel/ControlPanelActions.h"
 #include "controlpanel/ControlPanelController.h"
 #include "controlpanel/ControlPanelModel.h"
 #include "controlpanel/views/ControlPanelWindow.h"
 #include "core/VersionText.h"
+#include "desktop/DesktopIntegration.h"
+#include "desktop/QtScreenPort.h"
 #include "panel/views/PanelWindow.h"
 #include "panel/views/QtGeometry.h"
 #include "platform/KeyValueStore.h"
@@ -24,6 +24,7 @@
 #include "platform/SystemLog.h"
 #include "settingswindow/views/SettingsWindow.h"
 #include "settingswindow/views/SettingsWindowController.h"
+#include "ui/BackgroundDrag.h"
 #include "usage/views/UsageView.h"
 #include "usage/views/UsageViewBinding.h"
 
@@ -35,13 +36,14 @@ AppDelegate::AppDelegate(const PlatformFactory& platform, KeyValueStore& default
       desktop_(desktop),
       screens_(desktop.screens()),
       monitor_(platform, samplingQueue_),
-      tracker_(desktop.pointer(), screens_),
+      tracker_(desktop.pointer(), screens_, desktop.hoverZone()),
       settings_(defaults),
       proximity_(panelState_, monitor_, scheduler_, tracker_),
       launch_(proximity_, tracker_, monitor_),
       aboutController_(std::make_unique<AboutWindowController>()) {
-  aboutController_->onWindowMade = [this](QWidget& window) { desktop_.titledWindowReady(window); };
-  aboutController_->onShown = aboutController_->onWindowMade;
+  settings_.setWriteFailureLog(writeSystemLogLine);
+  aboutController_->onWindowMade = [this](QWidget& window) { titledWindowMade(window); };
+  aboutController_->onShown = [this](QWidget& window) { desktop_.titledWindowReady(window); };
 }
 
 AppDelegate::~AppDelegate() {
@@ -59,6 +61,10 @@ void AppDelegate::applicationDidFinishLaunching() {
   hooks.applyTrackerGeometry = [this] { applyTrackerGeometry(); };
   hooks.observeScreenChanges = [this] { observeScreenChanges(); };
   hooks.installSettingsShortcut = [this] { installSettingsShortcut(); };
+  // A pinned panel takes no click, where the desktop lets it take any (a hover zone).
+  tracker_.setPinned(settings_.isPinned());
+  connect(&settings_, &AppSettings::isPinnedChanged, this,
+          [this](bool pinned) { tracker_.setPinned(pinned); });
   launch_.launch(settings_.isPinned(), hooks);
 
   // Said once, after the tracker has tried to watch the pointer.
@@ -119,10 +125,10 @@ void AppDelegate::buildControlPanel() {
   connectControlPanelActions(*controlModel_, controlServices_);
   settingsController_ =
       std::make_unique<SettingsWindowController>(settings_, *controlModel_, monitor_);
-  settingsController_->onWindowMade = [this](SettingsWindow& window) {
+  settingsController_->onWindowMade = [this](SettingsWindow& window) { titledWindowMade(window); };
+  settingsController_->onShown = [this](SettingsWindow& window) {
     desktop_.titledWindowReady(window);
   };
-  settingsController_->onShown = settingsController_->onWindowMade;
 
   controlPanelWindow_ = std::make_unique<ControlPanelWindow>(
       *controlModel_, desktop_.controlCardGrabsPointer() ? ControlPanelWindow::Kind::popUp
@@ -143,6 +149,13 @@ void AppDelegate::buildControlPanel() {
     return controlPanel_->pressOutsideCard(pointer);
   };
   controlPanelWindow_->onShown = [this] { desktop_.controlCardShown(*controlPanelWindow_); };
+}
+
+void AppDelegate::titledWindowMade(QWidget& window) {
+  desktop_.titledWindowReady(window);
+  // Moved by its background as by its title bar; the drag is the window's child, and goes with it.
+  new BackgroundDrag(window,
+                     [this](QWidget& dragged) { return desktop_.startWindowDrag(dragged); });
 }
 
 void AppDelegate::fitControlCardToDesktop() {
@@ -172,8 +185,9 @@ void AppDelegate::showControlsOnRequest() {
 }
 
 void AppDelegate::installSettingsShortcut() {
+  // Whatever window has the keyboard, the control card among them: the same as its "Settings".
   commaMonitor_ = std::make_unique<SettingsShortcutFilter>([this] {
-    if (settingsController_) settingsController_->show();
+    if (settingsController_) showSettingsBesideTheCard();
   });
   QCoreApplication::instance()->installEventFilter(commaMonitor_.get());
 }
@@ -225,6 +239,7 @@ void AppDelegate::queueScreenParamsChanged() {
 }
 
 void AppDelegate::screenParamsChanged() {
+  if (controlPanel_) controlPanel_->screensChanged();
   recomputeNotch();
   if (window_) {
     window_->rebuildRootView(notchSize_, placement_.hasNotch);

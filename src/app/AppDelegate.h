@@ -16,6 +16,7 @@
 #include "settings/AppSettings.h"
 
 class QScreen;
+class QWidget;
 
 namespace brimly {
 
@@ -50,8 +51,9 @@ class AppDelegate : public QObject {
   void applicationDidFinishLaunching();
   // Stops sampling and pointer tracking, and stops watching for the settings shortcut.
   void applicationWillTerminate();
-  // Re-measures the notch, rebuilds the root view for it, re-aims the tracker and re-places the
-  // panel. Screen signals arrive in bursts, so they ask for this once, after the burst.
+  // Closes an open control card, re-measures the notch, rebuilds the root view for it, re-aims the
+  // tracker and re-places the panel. Screen signals arrive in bursts, so they ask for this once,
+  // after the burst.
   void screenParamsChanged();
 
   SystemMonitor& monitor() { return monitor_; }
@@ -80,6 +82,9 @@ class AppDelegate : public QObject {
   void buildStatusItem();
   void buildControlPanel();
   void showSettingsBesideTheCard();
+  // The settings or About window has just been made: dressed by the desktop, and movable by its
+  // background.
+  void titledWindowMade(QWidget& window);
   void fitControlCardToDesktop();
   void installSettingsShortcut();
   void removeSettingsShortcut();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,18 +9,20 @@ namespace brimly {
 inline constexpr const char* kAuditSwitch = "--audit";
 
 // True when any argument, the program name included, is exactly "--audit". Nothing else on the
-// command line means anything: other spellings, other letter cases and joined values are ignored.
+// command line means anything to the report: other spellings, other letter cases and joined values
+// are ignored.
 bool wantsAudit(const std::vector<std::string>& arguments);
 
-// The options by which the command line picks Qt's window system, read the way Qt reads them:
-// "-platform <name>", "-platformpluginpath <folder>" and, for X11, "-display <name>", each also
-// with two dashes, the value in the next argument; the last one given counts. The program name is
-// not an option.
-struct QtPlatformArguments {
-  std::optional<std::string> platform;
-  std::optional<std::string> pluginPath;
-  std::optional<std::string> display;
-};
-QtPlatformArguments qtPlatformArguments(const std::vector<std::string>& arguments);
+// True when an argument after the program name is exactly "--help" or "-h": the usage is printed
+// instead of anything else.
+bool wantsHelp(const std::vector<std::string>& arguments);
+// True when an argument after the program name is exactly "--version": the version is printed
+// instead of the panel or the report.
+bool wantsVersion(const std::vector<std::string>& arguments);
+
+// What `brimly --help` prints: what Brimly does, its own options and Qt's, and its exit statuses.
+std::string usageText();
+// What `brimly --version` prints for the version text `version` ("0.1.0", or "dev").
+std::string versionLine(const std::string& version);
 
 }  // namespace brimly

@@ -9,11 +9,10 @@ class QObject;
 namespace brimly {
 
 class KeyValueStore;
-class LoginItemPort;
 
 // What the process itself does differently per system, apart from the desktop: how it stays the
 // only Brimly of the user, how it keeps out of the Dock or task bar, and where the preferences
-// live. The build links the one definition of these three that fits the system.
+// live. The build links the one definition of these that fits the system.
 
 // Before the Qt application exists: true when this process may go on as the user's only Brimly,
 // false when another one already runs (this one then leaves, silently). Whatever proves the claim
@@ -39,8 +38,5 @@ std::unique_ptr<KeyValueStore> makeDefaultsStore();
 // The version shown as "v" followed by it: the application bundle's short version on macOS, the
 // version the build knows on Linux; empty when there is none.
 std::string applicationShortVersion();
-
-// Whether the running program starts at the user's login, as the system keeps it.
-std::unique_ptr<LoginItemPort> makeLoginItem();
 
 }  // namespace brimly

@@ -3,7 +3,6 @@
 #include <QObject>
 
 #include "platform/macos/MacApplication.h"
-#include "platform/macos/MacLoginItem.h"
 #include "platform/macos/MacPreferencesStore.h"
 
 namespace brimly {
@@ -33,10 +32,6 @@ std::unique_ptr<KeyValueStore> makeDefaultsStore() {
 
 std::string applicationShortVersion() {
   return bundleShortVersion().value_or("");
-}
-
-std::unique_ptr<LoginItemPort> makeLoginItem() {
-  return makeMacLoginItem();
 }
 
 }  // namespace brimly

@@ -7,23 +7,12 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QStandardPaths>
 #include <cerrno>
 #include <cstring>
 #include <string>
 
 namespace brimly {
 namespace {
-
-// Qt warns on stderr when $XDG_RUNTIME_DIR is unset; a second instance must leave silently.
-QString quietRuntimeLocation() {
-  const QtMessageHandler previous =
-      qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-  const QString location = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-  qInstallMessageHandler(previous);
-  return location;
-}
 
 QString systemError(int error) {
   return QString::fromLocal8Bit(std::strerror(error));
@@ -57,6 +46,12 @@ SingleInstanceLock::Outcome SingleInstanceLock::tryAcquire() {
     reason_ = QStringLiteral("%1 is not a regular file").arg(path_);
     return Outcome::Unavailable;
   }
+  // Another user's lock says nothing about this user's Brimly: it is never taken, nor waited for.
+  if (status.st_uid != ::geteuid()) {
+    ::close(descriptor);
+    reason_ = QStringLiteral("%1 belongs to another user").arg(path_);
+    return Outcome::Unavailable;
+  }
 
   int locked;
   do {
@@ -88,22 +83,8 @@ QString SingleInstanceLock::unguardedMessage(const QString& reason) {
       .arg(oneLine);
 }
 
-QString SingleInstanceLock::defaultPath(const QString& bundleIdentifier) {
-  return QDir(runtimeDirectory()).filePath(bundleIdentifier + ".lock");
-}
-
-QString SingleInstanceLock::runtimeDirectory() {
-  return chooseDirectory(qEnvironmentVariable("XDG_RUNTIME_DIR"), quietRuntimeLocation,
-                         QDir::tempPath());
-}
-
-QString SingleInstanceLock::chooseDirectory(const QString& xdgRuntimeDir,
-                                            const std::function<QString()>& qtRuntimeLocation,
-                                            const QString& tempDir) {
-  if (!xdgRuntimeDir.isEmpty() && QFileInfo(xdgRuntimeDir).isDir()) return xdgRuntimeDir;
-  const QString runtime = qtRuntimeLocation ? qtRuntimeLocation() : QString();
-  if (!runtime.isEmpty() && QFileInfo(runtime).isDir()) return runtime;
-  return tempDir;
+QString SingleInstanceLock::pathIn(const QString& directory, const QString& bundleIdentifier) {
+  return QDir(directory).filePath(bundleIdentifier + ".lock");
 }
 
 }  // namespace brimly

@@ -1,14 +1,15 @@
 #pragma once
 
 #include <QString>
-#include <functional>
 
 namespace brimly {
 
 // Keeps one Brimly running per user: the first process holds an exclusive lock on a file in the
-// user's runtime directory for its whole life; a later one finds it held and leaves. The kernel
-// drops the lock when its holder ends, however it ends, so a crashed instance never blocks the
-// next one, and what the file contains does not matter.
+// user's private runtime folder (RuntimeDirectory.h) for its whole life; a later one finds it held
+// and leaves. The kernel drops the lock when its holder ends, however it ends, so a crashed
+// instance never blocks the next one, and what the file contains does not matter. Only a regular
+// file of this user's is ever locked: a link, a FIFO, a folder or another user's file at the path
+// makes the lock unavailable, never another user's lock that Brimly would step aside for.
 class SingleInstanceLock {
  public:
   enum class Outcome {
@@ -30,16 +31,8 @@ class SingleInstanceLock {
   // The one line a process prints when it goes on without the guard.
   static QString unguardedMessage(const QString& reason);
 
-  // The lock file for `bundleIdentifier` in this user's runtime directory.
-  static QString defaultPath(const QString& bundleIdentifier);
-  // This user's runtime directory, as chooseDirectory() picks it from the environment.
-  static QString runtimeDirectory();
-  // Where the lock goes: $XDG_RUNTIME_DIR when it names a directory, else the runtime location
-  // Qt makes up (asked only then, because it complains when the variable is unset), else the
-  // temporary directory.
-  static QString chooseDirectory(const QString& xdgRuntimeDir,
-                                 const std::function<QString()>& qtRuntimeLocation,
-                                 const QString& tempDir);
+  // The lock file for `bundleIdentifier` in the runtime folder `directory`.
+  static QString pathIn(const QString& directory, const QString& bundleIdentifier);
 
  private:
   QString path_;

@@ -1,4 +1,5 @@
-// The process entry: the diagnostic report, or one instance of the panel per user.
+// The process entry: the usage, the version, the diagnostic report, or one instance of the panel
+// per user.
 #include <QApplication>
 #include <QString>
 #include <cstdio>
@@ -9,13 +10,15 @@
 #include "app/AppDelegate.h"
 #include "app/AuditEntry.h"
 #include "app/CommandLine.h"
-#include "app/DesktopIntegration.h"
-#include "app/DesktopIntegrationFactory.h"
-#include "app/DisplayCheck.h"
 #include "app/ProcessSetup.h"
 #include "app/QuitOnSignals.h"
+#include "app/StandardOutput.h"
 #include "artwork/Symbols.h"
 #include "core/BuildInfo.h"
+#include "core/VersionText.h"
+#include "desktop/DesktopIntegration.h"
+#include "desktop/DesktopIntegrationFactory.h"
+#include "desktop/DisplayCheck.h"
 #include "platform/KeyValueStore.h"
 #include "platform/SystemPlatform.h"
 
@@ -23,7 +26,22 @@ int main(int argc, char** argv) {
   using namespace brimly;
 
   const std::vector<std::string> arguments(argv, argv + argc);
-  if (wantsAudit(arguments)) return runAuditReport(argc, argv);
+  // Text only, with neither the panel nor a display: the usage, the version, the report.
+  if (wantsHelp(arguments)) {
+    return writeToStandardOutput([] {
+      std::fputs(usageText().c_str(), stdout);
+      return 0;
+    });
+  }
+  if (wantsVersion(arguments)) {
+    return writeToStandardOutput([] {
+      std::fputs(versionLine(versionText(applicationShortVersion())).c_str(), stdout);
+      return 0;
+    });
+  }
+  if (wantsAudit(arguments)) {
+    return writeToStandardOutput([&] { return runAuditReport(argc, argv); });
+  }
   QuitOnSignals::holdUntilTaken();
 
   // One Brimly per user: a second one leaves at once, silently, before anything is shown.

@@ -35,16 +35,16 @@ void connectControlPanelActions(ControlPanelModel& model,
   services->proximity.setOnPinChange(
       whileAlive<bool>(services, [&model](ControlPanelServices& alive, bool pinned) {
         alive.settings.setPinned(pinned);
-        alive.settings.defaults().writeBool(AppSettings::isPinnedKey, pinned);
         model.setPinned(pinned);
       }));
+  // Only a pin that was stored is taken: one that would be lost at the next launch is not shown.
   model.onTogglePin = whileAlive<bool>(services, [](ControlPanelServices& alive, bool pinned) {
-    alive.proximity.setPinned(pinned);
+    alive.proximity.setPinned(alive.settings.storePinned(pinned));
   });
   model.onToggleFahrenheit =
       whileAlive<bool>(services, [&model](ControlPanelServices& alive, bool on) {
         alive.settings.setUseFahrenheit(on);
-        model.setUseFahrenheit(on);
+        model.setUseFahrenheit(alive.settings.useFahrenheit());
       });
   model.onToggleLaunch = whileAlive<bool>(services, [&model](ControlPanelServices& alive, bool on) {
     if (const std::optional<std::string> failure = alive.loginItem.setEnabled(on)) {

@@ -35,8 +35,10 @@ inline constexpr double showPanelDuration = 5.0;
 void refreshControlPanelModel(ControlPanelModel& model, const ControlPanelServices& services);
 
 // Fills the model's seven callbacks:
-// - the pin switch pins or releases the panel, and the pin is stored and shown in the model;
-// - the Fahrenheit switch stores the unit, then shows it in the model;
+// - the pin switch stores the pin, then pins or releases the panel as the store now holds it, and
+//   shows that in the model;
+// - the Fahrenheit switch stores the unit, then shows in the model the unit the settings hold
+//   (the one before, when the store failed to take the new one);
 // - the login switch registers or unregisters the login item, logs one line when that fails, and
 //   then shows the real registration state whatever happened;
 // - "Show Panel" closes the card and shows the notch panel for a while; "About" closes the card

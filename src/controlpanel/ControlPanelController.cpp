@@ -55,6 +55,10 @@ void ControlPanelController::closeControlPanel() {
   removeControlClickMonitor();
 }
 
+void ControlPanelController::screensChanged() {
+  if (card_.isVisible()) closeControlPanel();
+}
+
 void ControlPanelController::outsideClick(Point pointer) {
   if (pointerOnStatusItem(pointer)) return;
   closeControlPanel();

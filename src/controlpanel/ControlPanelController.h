@@ -13,9 +13,9 @@ class ControlCardWindow;
 class StatusItemPort;
 
 // Opens and closes the control card under the status item: a click on the item toggles it;
-// Escape, a click anywhere outside it, "Show Panel" and "About" close it. Showing refreshes the
-// switches from the truth first, sizes the card to fit, places it under the item, and installs a
-// fresh outside-click monitor (never a second one). Main thread only.
+// Escape, a click anywhere outside it, "Show Panel", "About" and a change of the screens close it.
+// Showing refreshes the switches from the truth first, sizes the card to fit, places it under the
+// item, and installs a fresh outside-click monitor (never a second one). Main thread only.
 class ControlPanelController {
  public:
   // `refreshModel` writes the switches' real states into the card's model. All must outlive the
@@ -38,6 +38,9 @@ class ControlPanelController {
   // that stood in for it); nothing when it has never been shown.
   void showControlPanelAgain();
   void closeControlPanel();
+  // The screens changed: one shrank, moved, came or went. An open card may now lie off every
+  // screen, where it would still hold the pointer and the keyboard unseen; it closes.
+  void screensChanged();
 
   // A click that went to another application. A click on the status item is left to the item's
   // own action, which toggles the card; any other closes it.

@@ -17,11 +17,47 @@ constexpr double rowSpacing = 8;  // symbol frame, title, spacer, switch
 constexpr double footerSpacing = 4;
 constexpr double buttonPaddingX = 9;
 constexpr double buttonPaddingY = 5;
-constexpr double minimumButtonPaddingX = 3;
 
 // A rectangle of `size` centred vertically in a band from `top` of `height`.
 Rect centredIn(double x, double top, double height, Size size) {
   return Rect{x, top + (height - size.height) / 2.0, size.width, size.height};
+}
+
+// Places the footer's four buttons in one row from `top`, 4 apart, "Quit" alone at the trailing
+// edge: each its title padded 9 left and right and 5 above and below. The titles are measured in
+// the fonts really in use. A row too wide for the space between the card's paddings spreads
+// evenly into them, keeping the buttons' padding as long as the row fits the card at all; only a
+// row too wide for the whole card gives up padding, as little as it must, and never leaves the
+// card. Returns the row's bottom.
+double placeFooter(std::array<Rect, 4>& buttons, const std::array<Size, 4>& titles, double left,
+                   double right, double top) {
+  double titlesWidth = 0;
+  double height = 0;
+  for (const Size& title : titles) {
+    titlesWidth += title.width;
+    height = std::max(height, title.height + 2 * buttonPaddingY);
+  }
+  const auto count = static_cast<double>(buttons.size());
+  const double spacings = footerSpacing * (count - 1);
+  const double cardLeft = left - ControlPanelLayout::padding;
+  const double cardRight = right + ControlPanelLayout::padding;
+  const double paddingX =
+      std::clamp((cardRight - cardLeft - spacings - titlesWidth) / (2 * count), 0.0, buttonPaddingX);
+  const double rowWidth = titlesWidth + 2 * paddingX * count + spacings;
+  const double overflow = std::max(0.0, rowWidth - (right - left));
+  const double rowLeft = std::max(cardLeft, left - overflow / 2);
+  const double rowRight = std::min(cardRight, right + overflow / 2);
+
+  double x = rowLeft;
+  for (std::size_t i = 0; i < buttons.size(); ++i) {
+    const Size title = titles[i];
+    buttons[i] = centredIn(x, top, height, Size{title.width + 2 * paddingX,
+                                               title.height + 2 * buttonPaddingY});
+    x += buttons[i].width + footerSpacing;
+  }
+  Rect& quit = buttons.back();
+  quit.x = rowRight - quit.width;
+  return top + height;
 }
 
 }  // namespace
@@ -64,29 +100,8 @@ ControlPanelLayout ControlPanelLayout::compute(const ControlPanelMeasures& m) {
   layout.secondDivider = Rect{left, y, right - left, 1};
   y += 1 + aroundSecondDivider;
 
-  double footer = 0;
-  double titlesWidth = 0;
-  for (const Size& title : m.buttonTitles) {
-    footer = std::max(footer, title.height + 2 * buttonPaddingY);
-    titlesWidth += title.width;
-  }
-  // Where the titles' font is wider than the card was drawn for, the buttons' side padding gives
-  // way first, so that the four never overlap.
-  const double spacings = footerSpacing * static_cast<double>(layout.buttons.size() - 1);
-  const double room =
-      (right - left - spacings - titlesWidth) / (2.0 * static_cast<double>(layout.buttons.size()));
-  const double paddingX = std::clamp(room, minimumButtonPaddingX, buttonPaddingX);
-  double x = left;
-  for (std::size_t i = 0; i < layout.buttons.size(); ++i) {
-    const Size title = m.buttonTitles[i];
-    const Size button{title.width + 2 * paddingX, title.height + 2 * buttonPaddingY};
-    layout.buttons[i] = centredIn(x, y, footer, button);
-    x += button.width + footerSpacing;
-  }
-  // "Quit" stands alone at the trailing edge, unless that would put it onto "About".
-  Rect& quit = layout.buttons.back();
-  quit.x = std::max(quit.x, right - quit.width);
-  y += footer + padding;
+  y = placeFooter(layout.buttons, m.buttonTitles, left, right, y);
+  y += padding;
 
   layout.card = Rect{shadowMargin, shadowMargin, cardWidth, y - shadowMargin};
   layout.windowSize = Size{cardWidth + 2 * shadowMargin, y + shadowMargin};

@@ -45,7 +45,9 @@ struct ControlPanelLayout {
   Rect sectionLabel;
   std::array<Row, 3> rows{};
   Rect secondDivider;
-  std::array<Rect, 4> buttons{};  // the buttons' backgrounds; "Quit" alone at the trailing edge
+  // The buttons' backgrounds in one row, padded 9 beside their titles; "Quit" alone at the
+  // trailing edge.
+  std::array<Rect, 4> buttons{};
 
   static ControlPanelLayout compute(const ControlPanelMeasures& measures);
 };

@@ -5,8 +5,11 @@
 
 namespace brimly {
 
-MouseTracker::MouseTracker(PointerPort& pointer, const ScreenPort& screens)
-    : pointer_(pointer), screens_(screens), self_(std::make_shared<MouseTracker*>(this)) {}
+MouseTracker::MouseTracker(PointerPort& pointer, const ScreenPort& screens, HoverZonePort* zone)
+    : pointer_(pointer),
+      screens_(screens),
+      zone_(zone),
+      self_(std::make_shared<MouseTracker*>(this)) {}
 
 MouseTracker::~MouseTracker() = default;
 
@@ -21,6 +24,13 @@ void MouseTracker::setGeometry(const TrackerGeometry& geometry) {
 void MouseTracker::start() {
   if (watching_) return;
   std::weak_ptr<MouseTracker*> weak = self_;
+  if (zone_) {
+    watching_ = zone_->startWatching([weak](bool inside) {
+      if (auto self = weak.lock()) (*self)->zoneReported(inside);
+    });
+    applyZone();
+    return;
+  }
   watching_ = pointer_.startWatching([weak] {
     if (auto self = weak.lock()) (*self)->evaluate();
   });
@@ -29,11 +39,41 @@ void MouseTracker::start() {
 
 void MouseTracker::stop() {
   if (!watching_) return;
-  pointer_.stopWatching();
+  if (zone_) {
+    zone_->stopWatching();
+  } else {
+    pointer_.stopWatching();
+  }
   watching_ = false;
 }
 
+void MouseTracker::setPinned(bool pinned) {
+  // Where the pointer is followed everywhere the pin changes nothing here: the proximity rules
+  // ignore the pointer while pinned, and ask for it again when released.
+  pinned_ = pinned;
+  if (!zone_) return;
+  if (pinned_) update(false);
+  applyZone();
+}
+
+HoverZonePort::Zone MouseTracker::zoneFor(bool pinned, bool inside) {
+  if (pinned) return HoverZonePort::Zone::none;
+  return inside ? HoverZonePort::Zone::openCard : HoverZonePort::Zone::closedOutline;
+}
+
+void MouseTracker::zoneReported(bool inside) {
+  // A report that comes in just as the zone went away (pinned) is stale.
+  if (pinned_) return;
+  update(inside);
+  applyZone();
+}
+
+void MouseTracker::applyZone() {
+  if (zone_ && watching_) zone_->setZone(zoneFor(pinned_, isInside_));
+}
+
 void MouseTracker::evaluate() {
+  if (zone_) return;
   const std::optional<Point> location = pointer_.location();
   if (!location) {
     update(false);

@@ -7,6 +7,7 @@
 
 #include "core/Geometry.h"
 #include "panel/TrackerGeometry.h"
+#include "platform/HoverZonePort.h"
 #include "platform/PointerPort.h"
 #include "platform/ScreenPort.h"
 
@@ -17,11 +18,17 @@ namespace brimly {
 // is outside and large while it is inside, so the open panel stays open while the pointer is
 // anywhere over it. Each change of the decision is reported through `onChange`.
 //
-// Main thread only: the pointer port delivers its movement calls there.
+// A desktop that shows only whether the pointer is over a zone of the panel (a hover zone port)
+// decides by itself instead: the tracker takes its word, and gives it the zone that matches the
+// rectangle above — the closed outline while the pointer is outside, the open card while it is
+// inside — or none while the panel is pinned, so that the pinned card takes no click.
+//
+// Main thread only: the ports deliver their calls there.
 class MouseTracker {
  public:
-  // Both ports must outlive the tracker's watching (until `stop`).
-  MouseTracker(PointerPort& pointer, const ScreenPort& screens);
+  // The ports must outlive the tracker's watching (until `stop`). With `zone`, the pointer port
+  // and the geometry go unused.
+  MouseTracker(PointerPort& pointer, const ScreenPort& screens, HoverZonePort* zone = nullptr);
   // Does not stop watching (call `stop` for that); movement reported afterwards is ignored.
   ~MouseTracker();
 
@@ -42,8 +49,15 @@ class MouseTracker {
   // Stops watching. The decision and `onChange` are kept.
   void stop();
   // Reads the pointer now and updates the decision, reporting a change. An unknown pointer
-  // position, like a desktop without screens, counts as outside.
+  // position, like a desktop without screens, counts as outside. Nothing to read with a zone.
   void evaluate();
+  // Whether the panel is pinned open. With a zone: pinned, the zone is none and the pointer counts
+  // as outside (reported once); released, the closed outline is the zone again. Without one it
+  // changes nothing.
+  void setPinned(bool pinned);
+
+  // The zone for the hover zone port: none while pinned, else the one matching `inside`.
+  static HoverZonePort::Zone zoneFor(bool pinned, bool inside);
 
   // The decision for pointer `p` against `frame`, given the previous decision: the trigger zone is
   // the rectangle of the current state's width centred on the frame's middle, reaching down from
@@ -58,9 +72,13 @@ class MouseTracker {
 
  private:
   void update(bool inside);
+  void zoneReported(bool inside);
+  void applyZone();
 
   PointerPort& pointer_;
   const ScreenPort& screens_;
+  HoverZonePort* zone_;
+  bool pinned_ = false;
   std::function<void(bool)> onChange_;
   TrackerGeometry geometry_;
   bool isInside_ = false;

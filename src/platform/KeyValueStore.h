@@ -19,9 +19,11 @@ class KeyValueStore {
   // The list of strings under `key`; nothing when absent or not a list of strings.
   virtual std::optional<std::vector<std::string>> readStringList(std::string_view key) const = 0;
 
-  // Stores the value at once; a failed write is not reported.
-  virtual void writeBool(std::string_view key, bool value) = 0;
-  virtual void writeStringList(std::string_view key, const std::vector<std::string>& value) = 0;
+  // Stores the value at once. Nothing when it was stored; else why not, in one line (the stored
+  // value is then the one before).
+  [[nodiscard]] virtual std::optional<std::string> writeBool(std::string_view key, bool value) = 0;
+  [[nodiscard]] virtual std::optional<std::string> writeStringList(
+      std::string_view key, const std::vector<std::string>& value) = 0;
 
   // Whether the stored preferences could not be read (unreadable or malformed). Every read then
   // gives nothing, so that the program starts from its defaults.

@@ -7,18 +7,42 @@
 
 namespace brimly {
 
+namespace {
+
+bool storedBool(const KeyValueStore& store, const char* key) {
+  return store.readBool(key).value_or(false);
+}
+
+std::vector<MetricKind> storedOrder(const KeyValueStore& store) {
+  return MetricOrderStore::decode(
+      store.readStringList(AppSettings::metricOrderKey).value_or(std::vector<std::string>{}));
+}
+
+}  // namespace
+
 AppSettings::AppSettings(KeyValueStore& store, QObject* parent)
     : QObject(parent),
       defaults_(store),
-      useFahrenheit_(store.readBool(useFahrenheitKey).value_or(false)),
-      isPinned_(store.readBool(isPinnedKey).value_or(false)),
-      metricOrder_(MetricOrderStore::decode(
-          store.readStringList(metricOrderKey).value_or(std::vector<std::string>{}))) {}
+      useFahrenheit_(storedBool(store, useFahrenheitKey)),
+      isPinned_(storedBool(store, isPinnedKey)),
+      metricOrder_(storedOrder(store)) {}
+
+void AppSettings::setWriteFailureLog(std::function<void(const std::string& line)> log) {
+  writeFailureLog_ = std::move(log);
+}
+
+bool AppSettings::written(const std::optional<std::string>& failure) const {
+  if (!failure) return true;
+  if (writeFailureLog_) writeFailureLog_(writeFailurePrefix + *failure);
+  return false;
+}
 
 void AppSettings::setUseFahrenheit(bool useFahrenheit) {
   useFahrenheit_ = useFahrenheit;
   emit useFahrenheitChanged(useFahrenheit_);
-  defaults_.writeBool(useFahrenheitKey, useFahrenheit_);
+  if (written(defaults_.writeBool(useFahrenheitKey, useFahrenheit_))) return;
+  useFahrenheit_ = storedBool(defaults_, useFahrenheitKey);
+  emit useFahrenheitChanged(useFahrenheit_);
 }
 
 void AppSettings::setPinned(bool pinned) {
@@ -27,10 +51,19 @@ void AppSettings::setPinned(bool pinned) {
   emit isPinnedChanged(isPinned_);
 }
 
+bool AppSettings::storePinned(bool pinned) {
+  if (written(defaults_.writeBool(isPinnedKey, pinned))) return pinned;
+  return storedBool(defaults_, isPinnedKey);
+}
+
 void AppSettings::setMetricOrder(std::vector<MetricKind> order) {
   metricOrder_ = std::move(order);
   emit metricOrderChanged();
-  defaults_.writeStringList(metricOrderKey, MetricOrderStore::encode(metricOrder_));
+  if (written(defaults_.writeStringList(metricOrderKey, MetricOrderStore::encode(metricOrder_)))) {
+    return;
+  }
+  metricOrder_ = storedOrder(defaults_);
+  emit metricOrderChanged();
 }
 
 void AppSettings::setMetric(MetricKind kind, bool enabled) {

@@ -2,7 +2,9 @@
 
 #include <QObject>
 #include <cstddef>
+#include <functional>
 #include <set>
+#include <string>
 #include <vector>
 
 #include "core/MetricKind.h"
@@ -13,7 +15,9 @@ namespace brimly {
 // The user's persisted choices: temperatures in Fahrenheit, the panel pinned open, and which
 // metrics the panel shows in which order. One instance lives from launch to exit; the views
 // observe it. It reads the store once, when it is made, and writes nothing then, so a damaged
-// store is never overwritten at start; each later change is written back at once.
+// store is never overwritten at start; each later change is written back at once. A write the
+// store refuses or fails is reported in one line, and the value goes back to what the store
+// really holds (announced again), so that no switch shows a change that would be lost.
 //
 // `metricOrder` is both the set of shown metrics and their order: a kind absent from it is hidden.
 class AppSettings : public QObject {
@@ -23,6 +27,8 @@ class AppSettings : public QObject {
   static constexpr const char* useFahrenheitKey = "useFahrenheit";
   static constexpr const char* isPinnedKey = "isPinned";
   static constexpr const char* metricOrderKey = "metricOrder";
+  // The start of the line that reports a failed write; the store's reason follows it.
+  static constexpr const char* writeFailurePrefix = "Brimly: saving the settings failed — ";
 
   // Reads the three keys from `store`, which must outlive this object. A missing or mistyped
   // Boolean reads as false; a missing, mistyped, empty or wholly unknown order gives every metric
@@ -34,9 +40,12 @@ class AppSettings : public QObject {
   void setUseFahrenheit(bool useFahrenheit);
 
   bool isPinned() const { return isPinned_; }
-  // Holds the value only: whoever toggles the pin persists it under `isPinnedKey` through
-  // `defaults()`. A change of value is announced.
+  // Holds the value only: whoever toggles the pin persists it with `storePinned`. A change of
+  // value is announced.
   void setPinned(bool pinned);
+  // Writes the pin under `isPinnedKey` for the next launch. Answers the pin the store holds
+  // afterwards: `pinned`, or, after a failed write (reported), the one it held before.
+  bool storePinned(bool pinned);
 
   const std::vector<MetricKind>& metricOrder() const { return metricOrder_; }
   // Stores the list, announces it and writes its raw values to the store, on every assignment.
@@ -51,8 +60,8 @@ class AppSettings : public QObject {
   // does, and assigns the result.
   void moveMetrics(const std::set<std::size_t>& offsets, std::ptrdiff_t destination);
 
-  // The store the settings were read from.
-  KeyValueStore& defaults() const { return defaults_; }
+  // Where a failed write is reported, one line each; nowhere until it is set.
+  void setWriteFailureLog(std::function<void(const std::string& line)> log);
 
  signals:
   void useFahrenheitChanged(bool useFahrenheit);
@@ -60,7 +69,11 @@ class AppSettings : public QObject {
   void metricOrderChanged();
 
  private:
+  // Whether the write went through; when not, reports it.
+  bool written(const std::optional<std::string>& failure) const;
+
   KeyValueStore& defaults_;
+  std::function<void(const std::string&)> writeFailureLog_;
   bool useFahrenheit_ = false;
   bool isPinned_ = false;
   std::vector<MetricKind> metricOrder_;

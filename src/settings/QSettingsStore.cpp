@@ -1,57 +1,75 @@
 #include "settings/QSettingsStore.h"
 
 #include <QFile>
-#include <QFileInfo>
-#include <QStandardPaths>
 #include <QStringList>
-#include <QVariant>
-#include <cstdio>
-#include <optional>
+#include <utility>
+
+#include "core/PathText.h"
+#include "platform/StandardErrorLine.h"
+#include "platform/UserFiles.h"
+#include "platform/XdgBaseDirectories.h"
+#include "settings/IniText.h"
 
 namespace brimly {
 
 namespace {
 
-// The user's configuration folder ($XDG_CONFIG_HOME, else ~/.config), "brimly/Brimly.conf".
-QString userFilePath() {
-  return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-         QStringLiteral("/brimly/Brimly.conf");
+// "<configuration folder>/brimly/Brimly.conf"; empty without a configuration folder.
+std::string userFilePath() {
+  const std::string folder = configHomeOfThisProcess();
+  if (folder.empty()) return {};
+  return folder + "/brimly/Brimly.conf";
 }
 
 QString toQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// Why the file at `filePath` must not be opened, or nothing when it may be (also when it does not
-// exist yet). Only the file's metadata is looked at: a FIFO would block the first read.
-std::optional<QString> reasonToRefuse(const QString& filePath) {
-  const QFileInfo file(filePath);
-  if (!file.exists()) return std::nullopt;
-  if (!file.isFile()) return QStringLiteral("is not a regular file");
-  if (file.size() > QSettingsStore::kMaxFileBytes)
-    return QStringLiteral("is larger than %1 KiB").arg(QSettingsStore::kMaxFileBytes / 1024);
-  return std::nullopt;
-}
-
 }  // namespace
 
 QSettingsStore::QSettingsStore() : QSettingsStore(userFilePath()) {}
 
-QSettingsStore::QSettingsStore(const QString& filePath) : filePath_(filePath) {
-  if (const std::optional<QString> reason = reasonToRefuse(filePath)) {
-    readFailed_ = true;
-    std::fprintf(stderr,
-                 "Brimly: the settings file %s %s; using the defaults and leaving it as it is\n",
-                 QFile::encodeName(filePath).constData(), reason->toLocal8Bit().constData());
-    return;
+QSettingsStore::QSettingsStore(const QString& filePath)
+    : QSettingsStore(QFile::encodeName(filePath).toStdString()) {}
+
+QSettingsStore::QSettingsStore(std::string filePath) : filePath_(std::move(filePath)) {
+  if (filePath_.empty()) return;
+  const std::variant<QVariantMap, std::string> values = load();
+  if (const auto* problem = std::get_if<std::string>(&values)) {
+    refusedAtStart_ = *problem;
+    writeStandardErrorLine("Brimly: using the default settings and leaving the file as it is: " +
+                           refusedAtStart_);
   }
-  settings_ = std::make_unique<QSettings>(filePath, QSettings::IniFormat);
-  readFailed_ = settings_->status() != QSettings::NoError;
+}
+
+QString QSettingsStore::fileName() const {
+  return QString::fromStdString(printablePath(filePath_));
+}
+
+std::variant<QVariantMap, std::string> QSettingsStore::load() const {
+  const UserFileRead file = readUserFile(filePath_, kMaxFileBytes);
+  switch (file.outcome) {
+    case UserFileRead::Outcome::missing:
+      return QVariantMap();
+    case UserFileRead::Outcome::refused:
+      return file.problem;
+    case UserFileRead::Outcome::read:
+      break;
+  }
+  const QByteArray text(file.contents.data(), static_cast<qsizetype>(file.contents.size()));
+  if (std::optional<QVariantMap> values = IniText::parse(text)) return std::move(*values);
+  return printablePath(filePath_) + " cannot be parsed";
+}
+
+QVariant QSettingsStore::readValue(std::string_view key) const {
+  if (filePath_.empty() || readFailed()) return {};
+  const std::variant<QVariantMap, std::string> values = load();
+  if (const auto* map = std::get_if<QVariantMap>(&values)) return map->value(toQString(key));
+  return {};
 }
 
 std::optional<bool> QSettingsStore::readBool(std::string_view key) const {
-  if (readFailed_) return std::nullopt;
-  const QVariant value = settings_->value(toQString(key));
+  const QVariant value = readValue(key);
   switch (value.metaType().id()) {
     case QMetaType::Bool:
       return value.toBool();
@@ -67,8 +85,7 @@ std::optional<bool> QSettingsStore::readBool(std::string_view key) const {
 }
 
 std::optional<std::vector<std::string>> QSettingsStore::readStringList(std::string_view key) const {
-  if (readFailed_) return std::nullopt;
-  const QVariant value = settings_->value(toQString(key));
+  const QVariant value = readValue(key);
   QStringList list;
   switch (value.metaType().id()) {
     case QMetaType::QStringList:
@@ -88,21 +105,35 @@ std::optional<std::vector<std::string>> QSettingsStore::readStringList(std::stri
   return strings;
 }
 
-void QSettingsStore::writeBool(std::string_view key, bool value) {
-  // A write replaces the whole file with what this store knows: none after a failed read.
-  if (readFailed_) return;
-  settings_->setValue(toQString(key), value);
-  settings_->sync();
+std::optional<std::string> QSettingsStore::writeBool(std::string_view key, bool value) {
+  return write(key, value);
 }
 
-void QSettingsStore::writeStringList(std::string_view key, const std::vector<std::string>& value) {
-  if (readFailed_) return;
+std::optional<std::string> QSettingsStore::writeStringList(std::string_view key,
+                                                           const std::vector<std::string>& value) {
   QStringList list;
   list.reserve(static_cast<qsizetype>(value.size()));
   for (const std::string& text : value)
     list.push_back(QString::fromStdString(text));
-  settings_->setValue(toQString(key), list);
-  settings_->sync();
+  return write(key, list);
+}
+
+std::optional<std::string> QSettingsStore::write(std::string_view key, const QVariant& value) {
+  if (filePath_.empty()) {
+    return std::string(
+        "no configuration folder: neither XDG_CONFIG_HOME nor HOME is an absolute path");
+  }
+  // A write replaces the whole file with what this store knows: nothing of a file it could not
+  // read.
+  if (readFailed()) return refusedAtStart_ + ", and is left as it is";
+  std::variant<QVariantMap, std::string> loaded = load();
+  if (const auto* problem = std::get_if<std::string>(&loaded)) return *problem;
+  QVariantMap& values = std::get<QVariantMap>(loaded);
+  values.insert(toQString(key), value);
+  const std::optional<QByteArray> text = IniText::format(values);
+  if (!text) return "cannot write " + printablePath(filePath_) + ": no scratch file for its text";
+  if (std::optional<std::string> problem = makeUserFolders(parentFolder(filePath_))) return problem;
+  return replaceUserFile(filePath_, std::string_view(text->constData(), text->size()));
 }
 
 }  // namespace brimly

@@ -11,7 +11,8 @@ namespace brimly {
 // that many points.
 QFont windowFont(const QPaintDevice& device, double size, QFont::Weight weight,
                  double tracking = 0.0);
-// The same in the rounded face the metric labels use, where one is installed.
+// The same in the rounded face of the panel's metric labels: the system's rounded design on
+// macOS, an installed rounded family elsewhere (see UsageTypography::system).
 QFont roundedWindowFont(const QPaintDevice& device, double size, QFont::Weight weight,
                         double tracking = 0.0);
 

@@ -21,6 +21,8 @@ inline constexpr Color tertiaryForeground =
 // The surface of the control card and the windows, and the accent of their switches and marks.
 inline constexpr Color surface = Color::sRGB(0.12, 0.125, 0.14);
 inline constexpr Color accent = Color::displayP3(0.36, 0.78, 0.55);
+// The control card's dividers: white at 7 %.
+inline constexpr Color cardHairline = Color::sRGB(1.0, 1.0, 1.0, 0.07);
 
 // The track under every metric bar: the primary foreground, faded to 7 %.
 inline constexpr Color barTrack = primaryForeground.withOpacity(0.07);

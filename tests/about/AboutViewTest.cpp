@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QPixmap>
 
+#include "InstalledFaces.h"
 #include "ReferenceImage.h"
 #include "about/AboutTheme.h"
 #include "about/KorvelBrand.h"
@@ -30,9 +31,10 @@ class AboutViewTest : public ::testing::Test {
   QString saved_;
 };
 
-QImage render(AboutView& view) {
+// The view drawn over `background`, which shows through wherever the view does not paint.
+QImage render(AboutView& view, const QColor& background = Qt::magenta) {
   QImage image(view.sizeHint(), QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::magenta);  // shows through wherever the view forgets to paint
+  image.fill(background);
   view.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
   return image;
 }
@@ -99,14 +101,13 @@ TEST_F(AboutViewTest, Is300WideAndAsTallAsItsContent) {
 
 TEST_F(AboutViewTest, PaintsItsWholeAreaOnTheSurface) {
   AboutView view(testFont);
-  const QImage image = render(view).convertToFormat(QImage::Format_ARGB32);
+  // Whatever lies beneath, the same picture: no pixel is left unpainted.
+  const QImage overMagenta = render(view, Qt::magenta).convertToFormat(QImage::Format_ARGB32);
+  const QImage overGreen = render(view, Qt::green).convertToFormat(QImage::Format_ARGB32);
+  EXPECT_EQ(overMagenta, overGreen);
   const QRgb surface = toQColor(AboutTheme::surface).rgb();
-  EXPECT_EQ(image.pixel(0, 0), surface);
-  EXPECT_EQ(image.pixel(image.width() - 1, image.height() - 1), surface);
-  for (int y = 0; y < image.height(); ++y) {
-    for (int x = 0; x < image.width(); ++x)
-      ASSERT_NE(image.pixel(x, y), qRgb(255, 0, 255));
-  }
+  EXPECT_EQ(overMagenta.pixel(0, 0), surface);
+  EXPECT_EQ(overMagenta.pixel(overMagenta.width() - 1, overMagenta.height() - 1), surface);
 }
 
 TEST_F(AboutViewTest, DrawsTheApplicationsOwnIconWhenItHasOne) {
@@ -130,15 +131,16 @@ TEST_F(AboutViewTest, DrawsTheApplicationsOwnIconWhenItHasOne) {
 TEST_F(AboutViewTest, MatchesTheReferenceWithTheLogo) {
   QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
   AboutView view(testFont);
-  EXPECT_TRUE(testing::matchesReference(render(view),
-                                        QString(BRIMLY_REFERENCE_DIR) + "/about-with-logo.png"));
+  EXPECT_TRUE(testing::matchesReference(
+      render(view), QString(BRIMLY_REFERENCE_DIR) + "/about-with-logo.png", testing::windowFaces));
 }
 
 TEST_F(AboutViewTest, MatchesTheReferenceWithTheNameForTheLogo) {
   QCoreApplication::setApplicationVersion(QString());
   AboutView view(testFont, std::nullopt);
   EXPECT_TRUE(testing::matchesReference(render(view),
-                                        QString(BRIMLY_REFERENCE_DIR) + "/about-without-logo.png"));
+                                        QString(BRIMLY_REFERENCE_DIR) + "/about-without-logo.png",
+                                        testing::windowFaces));
 }
 
 }  // namespace

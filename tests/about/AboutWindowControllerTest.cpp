@@ -6,7 +6,11 @@
 #include <QScreen>
 #include <QTest>
 
+#include "WindowColours.h"
+#include "about/AboutTheme.h"
 #include "about/AboutView.h"
+#include "usage/Theme.h"
+#include "usage/views/QtColor.h"
 
 namespace brimly {
 namespace {
@@ -91,11 +95,11 @@ TEST(AboutWindowControllerTest, OpensInTheMiddleOfTheScreen) {
   EXPECT_LE(std::abs(centre.y() - middle.y()), 1);
 }
 
-TEST(AboutWindowControllerTest, IsDark) {
+TEST(AboutWindowControllerTest, IsDrawnDarkOnTheSurfaceColour) {
   AboutWindowController controller;
   controller.show();
-  EXPECT_LT(controller.window()->palette().color(QPalette::Window).lightness(), 64);
-  EXPECT_GT(controller.window()->palette().color(QPalette::WindowText).lightness(), 192);
+  testing::expectDrawnOnSurface(*controller.window(), toQColor(AboutTheme::surface),
+                                toQColor(Theme::primaryForeground));
 }
 
 }  // namespace

@@ -39,7 +39,13 @@ TEST(KorvelBrandTest, TheCarriedLogoIsA600By233PictureWithTransparency) {
 }
 
 TEST(KorvelBrandTest, TheLogoIsDecodedOnce) {
-  EXPECT_EQ(&KorvelBrand::logo(), &KorvelBrand::logo());
+  // Every decoding makes a picture of its own, with a key of its own; the same picture again
+  // keeps its key.
+  const std::optional<QImage>& first = KorvelBrand::logo();
+  ASSERT_TRUE(first.has_value());
+  const qint64 key = first->cacheKey();
+  ASSERT_NE(key, KorvelBrand::decodeLogo(korvelLogoBase64)->cacheKey());
+  EXPECT_EQ(KorvelBrand::logo()->cacheKey(), key);
 }
 
 TEST(KorvelBrandTest, TheCarriedTextIsTheWordmarkInTheSourceTree) {

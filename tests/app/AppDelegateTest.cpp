@@ -13,11 +13,12 @@
 #include "FakeKeyValueStore.h"
 #include "FakePlatform.h"
 #include "about/AboutWindowController.h"
-#include "app/DesktopIntegration.h"
-#include "app/QtScreenPort.h"
 #include "controlpanel/ControlPanelController.h"
 #include "controlpanel/ControlPanelModel.h"
 #include "controlpanel/views/ControlPanelWindow.h"
+#include "desktop/DesktopIntegration.h"
+#include "desktop/QtScreenPort.h"
+#include "panel/FakeHoverZonePort.h"
 #include "panel/FakePointerPort.h"
 #include "panel/views/PanelWindow.h"
 #include "panel/views/QtGeometry.h"
@@ -30,8 +31,10 @@
 namespace brimly {
 namespace {
 
+using testing::FakeHoverZonePort;
 using testing::FakePlatform;
 using testing::FakePointerPort;
+using Zone = HoverZonePort::Zone;
 
 // Qt's offscreen platform has one screen that reserves no top bar, so the notch is the fallback
 // 200 x 32 and the 600 x 148 panel hangs from the middle of its top edge.
@@ -52,6 +55,7 @@ class FakeDesktop final : public DesktopIntegration {
  public:
   const ScreenPort& screens() const override { return screens_; }
   PointerPort& pointer() override { return pointer_; }
+  HoverZonePort* hoverZone() override { return zone; }
   void overlayShown(PanelWindow& window) override {
     ++shownCalls;
     wasVisibleWhenShown = window.isVisible();
@@ -74,6 +78,10 @@ class FakeDesktop final : public DesktopIntegration {
   void prepareControlCard(QWidget&) override { ++cardPreparations; }
   void controlCardShown(QWidget&) override { ++cardShowings; }
   void titledWindowReady(QWidget& window) override { titledWindowsReady.push_back(&window); }
+  bool startWindowDrag(QWidget& window) override {
+    windowsDragged.push_back(&window);
+    return true;
+  }
 
   testing::FakeStatusItem statusItem_;
   testing::FakeOutsideClickMonitor outsideClicks_;
@@ -83,9 +91,11 @@ class FakeDesktop final : public DesktopIntegration {
   int cardPreparations = 0;
   int cardShowings = 0;
   std::vector<QWidget*> titledWindowsReady;
+  std::vector<QWidget*> windowsDragged;
 
   QtScreenPort screens_;
   FakePointerPort pointer_;
+  HoverZonePort* zone = nullptr;  // a desktop that tells only enter and leave, when set
   int prepareCalls = 0;
   int shownCalls = 0;
   bool wasVisibleWhenShown = false;
@@ -108,6 +118,8 @@ class AppDelegateTest : public ::testing::Test {
 
   FakePlatform platform_;
   FakeKeyValueStore defaults_;
+  // The zone a desktop may hand over; it outlives the delegate, which stops watching it.
+  FakeHoverZonePort zone_;
   FakeDesktop desktop_;
   std::unique_ptr<AppDelegate> delegate_;
 };
@@ -192,6 +204,38 @@ TEST_F(AppDelegateTest, PointerLeavingClosesThePanelAfterTheGracePeriod) {
   EXPECT_TRUE(delegate.panelState().isOpen());  // the grace period runs on the main loop
   EXPECT_TRUE(QTest::qWaitFor([&] { return !delegate.panelState().isOpen(); }, 5000));
   EXPECT_EQ(delegate.monitor().timerInterval(), 5.0);
+}
+
+TEST_F(AppDelegateTest, WithAHoverZoneEnteringOpensThePanelAndLeavingClosesIt) {
+  desktop_.zone = &zone_;
+  AppDelegate& delegate = launch();
+  EXPECT_FALSE(desktop_.pointer_.isWatching());
+  EXPECT_EQ(zone_.zones, (std::vector<Zone>{Zone::closedOutline}));
+  zone_.enter();
+  EXPECT_TRUE(delegate.panelState().isOpen());
+  EXPECT_EQ(zone_.zones.back(), Zone::openCard);
+  zone_.leave();
+  EXPECT_EQ(zone_.zones.back(), Zone::closedOutline);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !delegate.panelState().isOpen(); }, 5000));
+}
+
+TEST_F(AppDelegateTest, WithAHoverZoneThePinTakesTheZoneAwayAndGivesItBack) {
+  desktop_.zone = &zone_;
+  AppDelegate& delegate = launch();
+  delegate.controlModel()->onTogglePin(true);
+  EXPECT_TRUE(delegate.panelState().isOpen());
+  EXPECT_EQ(zone_.zones.back(), Zone::none);
+  delegate.controlModel()->onTogglePin(false);
+  EXPECT_FALSE(delegate.panelState().isOpen());
+  EXPECT_EQ(zone_.zones.back(), Zone::closedOutline);
+}
+
+TEST_F(AppDelegateTest, WithAHoverZoneAPersistedPinStartsWithNoZone) {
+  defaults_.values["isPinned"] = true;
+  desktop_.zone = &zone_;
+  AppDelegate& delegate = launch();
+  EXPECT_TRUE(delegate.panelState().isOpen());
+  EXPECT_EQ(zone_.zones, (std::vector<Zone>{Zone::none}));
 }
 
 TEST_F(AppDelegateTest, HoverNoticeIsAskedForOnceAtLaunch) {
@@ -340,17 +384,50 @@ TEST_F(AppDelegateTest, CommandCommaOpensTheSettingsFromAnyOfBrimlysWindows) {
   delegate.settingsController()->window()->hide();
 }
 
+// A window of Brimly's that keeps the keys that reach it.
+class KeyRecorder final : public QWidget {
+ public:
+  std::vector<int> keys;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override { keys.push_back(event->key()); }
+};
+
 TEST_F(AppDelegateTest, CommandOptionCommaMatchesButCommandPeriodAndAPlainCommaPassThrough) {
   AppDelegate& delegate = launch();
+  KeyRecorder window;
   QKeyEvent period(QEvent::KeyPress, Qt::Key_Period, Qt::ControlModifier, ".");
-  QApplication::sendEvent(delegate.window(), &period);
+  QApplication::sendEvent(&window, &period);
   QKeyEvent comma(QEvent::KeyPress, Qt::Key_Comma, Qt::NoModifier, ",");
-  QApplication::sendEvent(delegate.window(), &comma);
+  QApplication::sendEvent(&window, &comma);
   EXPECT_EQ(delegate.settingsController()->window(), nullptr);
+  EXPECT_EQ(window.keys, (std::vector<int>{Qt::Key_Period, Qt::Key_Comma}));
+
   QKeyEvent optionComma(QEvent::KeyPress, Qt::Key_Comma, Qt::ControlModifier | Qt::AltModifier,
                         QString());
-  QApplication::sendEvent(delegate.window(), &optionComma);
+  QApplication::sendEvent(&window, &optionComma);
   ASSERT_NE(delegate.settingsController()->window(), nullptr);
+  EXPECT_TRUE(delegate.settingsController()->window()->isVisible());
+  // The shortcut is taken: the window never sees it.
+  EXPECT_EQ(window.keys, (std::vector<int>{Qt::Key_Period, Qt::Key_Comma}));
+  delegate.settingsController()->window()->hide();
+}
+
+TEST_F(AppDelegateTest, CommandCommaInTheOpenCardOpensTheSettingsAndLeavesTheCardAsSettingsDoes) {
+  // The pop-up card of X11, which Qt closes whenever another of its windows shows.
+  desktop_.statusItem_.button = Rect{500, 700, 24, 24};
+  desktop_.popUpCard = true;
+  AppDelegate& delegate = launch();
+  desktop_.statusItem_.click();
+  ASSERT_TRUE(delegate.controlPanel()->isVisible());
+  const QPoint where = delegate.controlPanel()->pos();
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Comma, Qt::ControlModifier, ",");
+  QApplication::sendEvent(delegate.controlPanel(), &press);
+  ASSERT_NE(delegate.settingsController()->window(), nullptr);
+  EXPECT_TRUE(delegate.settingsController()->window()->isVisible());
+  EXPECT_TRUE(delegate.controlPanel()->isVisible());
+  EXPECT_EQ(delegate.controlPanel()->pos(), where);
+  delegate.controlPanel()->close();
   delegate.settingsController()->window()->hide();
 }
 
@@ -382,6 +459,26 @@ TEST_F(AppDelegateTest, TheDesktopDressesTheSettingsAndAboutWindowsWhenMadeAndEa
   QWidget* about = delegate.aboutController().window();
   EXPECT_EQ(desktop_.titledWindowsReady,
             (std::vector<QWidget*>{settings, settings, about, about, about}));
+  settings->hide();
+  about->hide();
+}
+
+TEST_F(AppDelegateTest, TheSettingsAndAboutWindowsAreMovedByTheirBackground) {
+  AppDelegate& delegate = launch();
+  ControlPanelModel::invoke(delegate.controlModel()->onOpenSettings);
+  ControlPanelModel::invoke(delegate.controlModel()->onAbout);
+  QWidget* settings = delegate.settingsController()->window();
+  QWidget* about = delegate.aboutController().window();
+  // Near the top-left corner both show only their surface.
+  QTest::mousePress(settings, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  QTest::mouseRelease(settings, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  QTest::mousePress(about, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  QTest::mouseRelease(about, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  // Shown again, each still has one drag of its own.
+  ControlPanelModel::invoke(delegate.controlModel()->onAbout);
+  QTest::mousePress(about, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  QTest::mouseRelease(about, Qt::LeftButton, Qt::NoModifier, QPoint(6, 6));
+  EXPECT_EQ(desktop_.windowsDragged, (std::vector<QWidget*>{settings, about, about}));
   settings->hide();
   about->hide();
 }

@@ -33,42 +33,46 @@ TEST(CommandLine, PlainStartStartsThePanel) {
   EXPECT_FALSE(wantsAudit({"/usr/bin/brimly"}));
 }
 
-TEST(QtPlatformArgumentsEdge, OptionWithoutItsValueIsIgnored) {
-  const QtPlatformArguments options = qtPlatformArguments({"brimly", "-platform"});
-  EXPECT_EQ(options.platform, std::nullopt);
+TEST(CommandLineHelpEdge, OnlyTheExactSwitchesAfterTheProgramNameAskForHelp) {
+  EXPECT_FALSE(wantsHelp({"--help"}));
+  EXPECT_FALSE(wantsHelp({"brimly", "--Help"}));
+  EXPECT_FALSE(wantsHelp({"brimly", "--help=1"}));
+  EXPECT_FALSE(wantsHelp({"brimly", "help"}));
+  EXPECT_FALSE(wantsHelp({}));
+  EXPECT_FALSE(wantsVersion({"--version"}));
+  EXPECT_FALSE(wantsVersion({"brimly", "-v"}));
+  EXPECT_FALSE(wantsVersion({"brimly", "--version=2"}));
 }
 
-TEST(QtPlatformArgumentsEdge, ProgramNameIsNotAnOption) {
-  const QtPlatformArguments options = qtPlatformArguments({"-display", ":5"});
-  EXPECT_EQ(options.display, std::nullopt);
+TEST(CommandLineHelp, HelpAndVersionAreFoundAmongOtherArguments) {
+  EXPECT_TRUE(wantsHelp({"brimly", "--help"}));
+  EXPECT_TRUE(wantsHelp({"brimly", "-platform", "xcb", "-h"}));
+  EXPECT_TRUE(wantsVersion({"brimly", "--audit", "--version"}));
+  EXPECT_FALSE(wantsHelp({"brimly", "--version"}));
 }
 
-TEST(QtPlatformArgumentsEdge, TwoDashesWorkAsOneAndTheLastOneCounts) {
-  const QtPlatformArguments options =
-      qtPlatformArguments({"brimly", "--platform", "xcb", "-platform", "offscreen"});
-  EXPECT_EQ(options.platform, "offscreen");
+TEST(CommandLineHelp, UsageSaysWhatBrimlyDoesItsOptionsQtsOptionsAndTheExitStatuses) {
+  const std::string usage = usageText();
+  EXPECT_EQ(usage.rfind("Usage: brimly [--audit | --help | --version] [Qt options]\n", 0), 0u);
+  for (const char* part :
+       {"system tray", "  --audit ", "  -h, --help ", "  --version ", "  -platform <name> ",
+        "  -display <name> ", "  0  ", "  1  ", "  3  "}) {
+    EXPECT_NE(usage.find(part), std::string::npos) << part;
+  }
+  // Short enough for a terminal: no line wider than 100 columns, one screen in all.
+  std::size_t start = 0;
+  int lines = 0;
+  for (std::size_t end; (end = usage.find('\n', start)) != std::string::npos; start = end + 1) {
+    EXPECT_LE(end - start, 100u) << usage.substr(start, end - start);
+    ++lines;
+  }
+  EXPECT_EQ(start, usage.size());  // ends with a line break
+  EXPECT_LE(lines, 25);
 }
 
-TEST(QtPlatformArgumentsEdge, JoinedValuesAndOtherSpellingsAreNotOptions) {
-  const QtPlatformArguments options =
-      qtPlatformArguments({"brimly", "-platform=xcb", "-Display", ":5", "---display", ":6"});
-  EXPECT_EQ(options.platform, std::nullopt);
-  EXPECT_EQ(options.display, std::nullopt);
-}
-
-TEST(QtPlatformArguments, ReadsPlatformPluginFolderAndDisplay) {
-  const QtPlatformArguments options = qtPlatformArguments(
-      {"brimly", "-platform", "bogus", "-display", ":99", "--platformpluginpath", "/opt/qt"});
-  EXPECT_EQ(options.platform, "bogus");
-  EXPECT_EQ(options.display, ":99");
-  EXPECT_EQ(options.pluginPath, "/opt/qt");
-}
-
-TEST(QtPlatformArguments, NothingGivenIsNothing) {
-  const QtPlatformArguments options = qtPlatformArguments({"brimly", "--audit", "x"});
-  EXPECT_EQ(options.platform, std::nullopt);
-  EXPECT_EQ(options.pluginPath, std::nullopt);
-  EXPECT_EQ(options.display, std::nullopt);
+TEST(CommandLineHelp, VersionLineNamesTheProgramAndItsVersion) {
+  EXPECT_EQ(versionLine("0.1.0"), "Brimly 0.1.0\n");
+  EXPECT_EQ(versionLine("dev"), "Brimly dev\n");
 }
 
 }  // namespace

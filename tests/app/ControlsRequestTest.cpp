@@ -1,5 +1,7 @@
 #include "app/ControlsRequest.h"
 
+#include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -15,12 +17,61 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
+#include <cerrno>
 #include <cstring>
+#include <functional>
 #include <memory>
 #include <vector>
 
+#include "AnotherUser.h"
+
 namespace brimly {
 namespace {
+
+using testing::canActAsAnotherUser;
+using testing::kAnotherUser;
+using testing::kNeedsTheSuperuser;
+
+// Lowers this process's descriptor limit to what it uses and takes the few left over, for as long
+// as it lives; then gives all of them back.
+class DescriptorsUsedUp {
+ public:
+  DescriptorsUsedUp() {
+    if (::getrlimit(RLIMIT_NOFILE, &saved_) != 0) return;
+    const int highest = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    if (highest < 0) return;
+    taken_.push_back(highest);
+    rlimit lowered = saved_;
+    lowered.rlim_cur = static_cast<rlim_t>(highest) + 4;
+    if (::setrlimit(RLIMIT_NOFILE, &lowered) != 0) return;
+    lowered_ = true;
+    for (;;) {
+      const int fd = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+      if (fd < 0) break;
+      taken_.push_back(fd);
+    }
+  }
+  ~DescriptorsUsedUp() {
+    for (const int fd : taken_)
+      ::close(fd);
+    if (lowered_) ::setrlimit(RLIMIT_NOFILE, &saved_);
+  }
+  DescriptorsUsedUp(const DescriptorsUsedUp&) = delete;
+  DescriptorsUsedUp& operator=(const DescriptorsUsedUp&) = delete;
+
+  // Whether every descriptor is taken now.
+  bool ok() const {
+    const int spare = ::dup(0);
+    if (spare >= 0) ::close(spare);
+    return lowered_ && spare < 0 && errno == EMFILE;
+  }
+
+ private:
+  rlimit saved_{};
+  bool lowered_ = false;
+  std::vector<int> taken_;
+};
 
 // Long enough never to matter on a loaded machine; the tests wait on conditions, not on time.
 constexpr int kPatienceMs = 10000;
@@ -50,18 +101,43 @@ class ControlsRequestTest : public ::testing::Test {
                            kPatienceMs);
   }
 
+  // The socket path as the system's calls take it.
+  sockaddr_un socketAddress() const {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const QByteArray path = QFile::encodeName(socketPath());
+    EXPECT_LT(static_cast<std::size_t>(path.size()), sizeof address.sun_path);
+    std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
+    return address;
+  }
+  // Binds `fd` to the socket path, or connects it there; true when that worked.
+  bool bindToSocketPath(int fd) const {
+    const sockaddr_un address = socketAddress();
+    return ::bind(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+  }
+  bool connectToSocketPath(int fd) const {
+    const sockaddr_un address = socketAddress();
+    return ::connect(fd, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+  }
+
   // A socket file as a crashed instance leaves it: bound, then closed without being removed.
   void leaveStaleSocket() const {
     const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
     ASSERT_GE(fd, 0);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    const QByteArray path = QFile::encodeName(socketPath());
-    ASSERT_LT(static_cast<std::size_t>(path.size()), sizeof address.sun_path);
-    std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
-    ASSERT_EQ(::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_TRUE(bindToSocketPath(fd));
     ::close(fd);
     ASSERT_TRUE(QFileInfo::exists(socketPath()));
+  }
+
+  // A socket listening at the path, as a program of someone else's would hold it; -1 on failure.
+  int listenLikeAnotherProgram() const {
+    const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    if (!bindToSocketPath(fd) || ::listen(fd, 8) != 0) {
+      ::close(fd);
+      return -1;
+    }
+    ::fcntl(fd, F_SETFL, O_NONBLOCK);
+    return fd;
   }
 
   // Under /tmp rather than the temporary folder: a socket's path must fit sockaddr_un (104 bytes
@@ -95,6 +171,110 @@ TEST_F(ControlsRequestTest, ServerThatCannotListenSaysWhy) {
   ControlsRequestServer unnamed{QString()};
   EXPECT_FALSE(unnamed.listen());
   EXPECT_FALSE(unnamed.errorString().isEmpty());
+}
+
+TEST_F(ControlsRequestTest, SocketOfAnotherUserIsNeitherReplacedNorAsked) {
+  if (!canActAsAnotherUser()) GTEST_SKIP() << kNeedsTheSuperuser;
+  const int planted = listenLikeAnotherProgram();
+  ASSERT_GE(planted, 0);
+  ASSERT_EQ(::lchown(QFile::encodeName(socketPath()).constData(), kAnotherUser, kAnotherUser), 0);
+
+  ControlsRequestServer server(socketPath());
+  EXPECT_FALSE(server.listen());
+  EXPECT_EQ(server.errorString(), socketPath() + " belongs to another user");
+  EXPECT_TRUE(QFileInfo::exists(socketPath()));
+
+  EXPECT_FALSE(requestControlsFromRunningInstance(socketPath(), kPatienceMs));
+  // Nobody connected to the planted socket.
+  EXPECT_LT(::accept(planted, nullptr, nullptr), 0);
+  EXPECT_EQ(errno, EAGAIN);
+  ::close(planted);
+}
+
+TEST_F(ControlsRequestTest, WhateverElseIsInTheWayIsLeftAlone) {
+  ASSERT_TRUE(QDir(directory_.path()).mkdir("elsewhere"));
+  const QString file = QDir(directory_.path()).filePath("elsewhere/file");
+  QFile(file).open(QIODevice::WriteOnly);
+  for (const auto& plant : std::vector<std::function<bool()>>{
+           [&] { return QFile(socketPath()).open(QIODevice::WriteOnly); },
+           [&] { return QDir(directory_.path()).mkdir("app.brimly.Brimly.controls"); },
+           [&] { return QFile::link(file, socketPath()); }}) {
+    ASSERT_TRUE(plant());
+    ControlsRequestServer server(socketPath());
+    EXPECT_FALSE(server.listen());
+    EXPECT_EQ(server.errorString(), socketPath() + " is in the way: it is no socket");
+    EXPECT_FALSE(requestControlsFromRunningInstance(socketPath(), kPatienceMs));
+    EXPECT_TRUE(QFileInfo(socketPath()).isSymLink() || QFileInfo::exists(socketPath()));
+    ASSERT_TRUE(QFile::remove(socketPath()) || QDir(socketPath()).removeRecursively());
+  }
+  EXPECT_TRUE(QFileInfo::exists(file));
+}
+
+TEST_F(ControlsRequestTest, ChannelKeepsListeningWhenTheProcessRunsOutOfDescriptors) {
+  ControlsRequestServer server(socketPath());
+  ASSERT_TRUE(server.listen());
+  QSignalSpy requested(&server, &ControlsRequestServer::controlsRequested);
+  const int client = ::socket(AF_UNIX, SOCK_STREAM, 0);
+  ASSERT_GE(client, 0);
+  {
+    // Every descriptor this process may have is taken; then a later launch connects.
+    DescriptorsUsedUp exhausted;
+    ASSERT_TRUE(exhausted.ok());
+    ASSERT_TRUE(connectToSocketPath(client));
+    const qsizetype length = qstrlen(ControlsRequestServer::kRequestLine);
+    ASSERT_EQ(::write(client, ControlsRequestServer::kRequestLine, length), length);
+    // The server is told of the connection and cannot accept it.
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(server.isListening());
+    EXPECT_TRUE(QFileInfo::exists(socketPath()));
+    EXPECT_EQ(requested.count(), 0);
+  }
+  // With descriptors free again, the waiting request is taken, and later ones as well.
+  EXPECT_TRUE(QTest::qWaitFor([&] { return requested.count() == 1; }, kPatienceMs));
+  ::close(client);
+  EXPECT_TRUE(requestControlsFromRunningInstance(socketPath(), kPatienceMs));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return requested.count() == 2; }, kPatienceMs));
+}
+
+TEST_F(ControlsRequestTest, ABurstOfSilentConnectionsIsReadAFewAtATime) {
+  ControlsRequestServer server(socketPath(), kShortClientTimeoutMs);
+  ASSERT_TRUE(server.listen());
+  QSignalSpy requested(&server, &ControlsRequestServer::controlsRequested);
+  std::vector<std::unique_ptr<QLocalSocket>> burst;
+  int mostOpen = 0;
+  for (int i = 0; i < 6 * ControlsRequestServer::kMaxClients; ++i) {
+    burst.push_back(std::make_unique<QLocalSocket>());
+    burst.back()->connectToServer(socketPath());
+    QCoreApplication::processEvents();
+    mostOpen = std::max(mostOpen, server.openClients());
+  }
+  // A later launch behind the burst still gets through once the silent ones have been dropped.
+  QProcess launch;
+  launch.start(BRIMLY_CONTROLS_REQUEST_CLIENT, {socketPath()});
+  ASSERT_TRUE(launch.waitForStarted(kPatienceMs));
+  EXPECT_TRUE(QTest::qWaitFor(
+      [&] {
+        mostOpen = std::max(mostOpen, server.openClients());
+        return launch.state() == QProcess::NotRunning && requested.count() == 1;
+      },
+      kPatienceMs));
+  EXPECT_EQ(launch.exitCode(), 0);
+  EXPECT_EQ(mostOpen, ControlsRequestServer::kMaxClients);
+  EXPECT_TRUE(server.isListening());
+}
+
+TEST_F(ControlsRequestTest, ServerRemovesItsOwnSocketOnlyNeverOneThatReplacedIt) {
+  auto first = std::make_unique<ControlsRequestServer>(socketPath());
+  ASSERT_TRUE(first->listen());
+  ASSERT_TRUE(QFile::remove(socketPath()));
+  ControlsRequestServer second(socketPath());
+  ASSERT_TRUE(second.listen());
+  first.reset();
+  EXPECT_TRUE(QFileInfo::exists(socketPath()));
+  QSignalSpy requested(&second, &ControlsRequestServer::controlsRequested);
+  EXPECT_TRUE(requestControlsFromRunningInstance(socketPath(), kPatienceMs));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return requested.count() == 1; }, kPatienceMs));
 }
 
 TEST_F(ControlsRequestTest, StaleSocketIsReplaced) {
@@ -247,17 +427,9 @@ TEST_F(ControlsRequestTest, LaterLaunchFindingNobodySaysNothing) {
   EXPECT_EQ(launch.readAllStandardError(), QByteArray());
 }
 
-TEST(ControlsRequestPath, LiesInTheRuntimeDirectoryNextToTheLock) {
-  QTemporaryDir runtime;
-  const QByteArray previous = qgetenv("XDG_RUNTIME_DIR");
-  qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
-  EXPECT_EQ(controlsRequestPath("app.brimly.Brimly"),
-            QDir(runtime.path()).filePath("app.brimly.Brimly.controls"));
-  if (previous.isNull()) {
-    qunsetenv("XDG_RUNTIME_DIR");
-  } else {
-    qputenv("XDG_RUNTIME_DIR", previous);
-  }
+TEST(ControlsRequestPath, LiesInTheRuntimeFolderNextToTheLock) {
+  EXPECT_EQ(controlsRequestPath("/run/user/1000", "app.brimly.Brimly"),
+            "/run/user/1000/app.brimly.Brimly.controls");
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
 #include "app/SingleInstanceLock.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/types.h>
 #include <sys/wait.h>
@@ -13,10 +15,15 @@
 #include <QTemporaryDir>
 #include <functional>
 
+#include "AnotherUser.h"
+
 namespace brimly {
 namespace {
 
 using Outcome = SingleInstanceLock::Outcome;
+using testing::canActAsAnotherUser;
+using testing::kAnotherUser;
+using testing::kNeedsTheSuperuser;
 
 // Another process: it runs `body` and ends with the status that returns, or waits until killed.
 class ChildProcess {
@@ -31,23 +38,21 @@ class ChildProcess {
   // Starts a child that takes the lock at `path`, tells the parent what it got and then holds it
   // until it is killed. Returns what the child got.
   Outcome startHolding(const QString& path) {
-    int toParent[2];
-    if (::pipe(toParent) != 0) return Outcome::Unavailable;
-    pid_ = ::fork();
-    if (pid_ == 0) {
-      ::close(toParent[0]);
+    return static_cast<Outcome>(startChild([&] {
       SingleInstanceLock lock(path);
-      const char outcome = static_cast<char>(lock.tryAcquire());
-      [[maybe_unused]] const ssize_t written = ::write(toParent[1], &outcome, 1);
-      for (;;)
-        ::pause();
-    }
-    ::close(toParent[1]);
-    char outcome = static_cast<char>(Outcome::Unavailable);
-    const ssize_t got = ::read(toParent[0], &outcome, 1);
-    ::close(toParent[0]);
-    EXPECT_EQ(got, 1);
-    return static_cast<Outcome>(outcome);
+      hold(static_cast<char>(lock.tryAcquire()));
+    }));
+  }
+
+  // Starts a child that opens the file at `path`, becomes the user `user` and holds an exclusive
+  // flock on it until it is killed, as that user's own Brimly would. True once it holds it.
+  bool startLockingAs(uid_t user, const QString& path) {
+    return startChild([&] {
+             const int fd = ::open(QFile::encodeName(path).constData(), O_RDWR);
+             const bool locked = fd >= 0 && ::setgid(user) == 0 && ::setuid(user) == 0 &&
+                                 ::flock(fd, LOCK_EX | LOCK_NB) == 0;
+             hold(locked ? 1 : 0);
+           }) == 1;
   }
 
   // Kills the child without letting it tidy anything up, as a crash would.
@@ -67,7 +72,32 @@ class ChildProcess {
   }
 
  private:
+  // Runs `body` in a child, which calls hold() with what it has to say; returns that.
+  char startChild(const std::function<void()>& body) {
+    if (::pipe(toParent_) != 0) return -1;
+    pid_ = ::fork();
+    if (pid_ == 0) {
+      ::close(toParent_[0]);
+      body();
+      ::_exit(1);
+    }
+    ::close(toParent_[1]);
+    char answer = -1;
+    const ssize_t got = ::read(toParent_[0], &answer, 1);
+    ::close(toParent_[0]);
+    EXPECT_EQ(got, 1);
+    return answer;
+  }
+
+  // In the child: tells the parent `answer`, then waits to be killed.
+  [[noreturn]] void hold(char answer) {
+    [[maybe_unused]] const ssize_t written = ::write(toParent_[1], &answer, 1);
+    for (;;)
+      ::pause();
+  }
+
   pid_t pid_ = -1;
+  int toParent_[2] = {-1, -1};
 };
 
 class SingleInstanceLockTest : public ::testing::Test {
@@ -129,12 +159,29 @@ TEST_F(SingleInstanceLockTest, RuntimeDirectoryThatCannotBeWrittenMakesTheLockUn
   const QString path = lockPath();
   // Run as an ordinary user: the superuser may write anywhere.
   const int status = ChildProcess::run([&] {
-    if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0)) return 100;
+    if (canActAsAnotherUser() && (::setgid(kAnotherUser) != 0 || ::setuid(kAnotherUser) != 0)) {
+      return 100;
+    }
     SingleInstanceLock lock(path);
     return static_cast<int>(lock.tryAcquire());
   });
   ::chmod(QFile::encodeName(directory_.path()).constData(), 0700);
   EXPECT_EQ(status, static_cast<int>(Outcome::Unavailable));
+}
+
+TEST_F(SingleInstanceLockTest, LockFileOfAnotherUserIsNeverTakenNorSteppedAsideFor) {
+  if (!canActAsAnotherUser()) GTEST_SKIP() << kNeedsTheSuperuser;
+  writeLockFile("");
+  const QByteArray path = QFile::encodeName(lockPath());
+  ASSERT_EQ(::chmod(path.constData(), 0666), 0);
+  ASSERT_EQ(::chown(path.constData(), kAnotherUser, kAnotherUser), 0);
+  // That user holds its lock, as a Brimly of theirs would.
+  ChildProcess holder;
+  ASSERT_TRUE(holder.startLockingAs(kAnotherUser, lockPath()));
+
+  SingleInstanceLock lock(lockPath());
+  EXPECT_EQ(lock.tryAcquire(), Outcome::Unavailable);
+  EXPECT_EQ(lock.reason(), lockPath() + " belongs to another user");
 }
 
 TEST_F(SingleInstanceLockTest, LockInAFolderThatDoesNotExistIsUnavailable) {
@@ -219,51 +266,9 @@ TEST(SingleInstanceUnguardedMessage, IsOneLineThatSaysWhyAndThatBrimlyRunsAnyway
   EXPECT_TRUE(message.contains("running without the single-instance guard"));
 }
 
-TEST(SingleInstanceDirectory, RuntimeDirectoryFromTheEnvironmentComesFirst) {
-  QTemporaryDir runtime;
-  bool qtAsked = false;
-  EXPECT_EQ(SingleInstanceLock::chooseDirectory(
-                runtime.path(),
-                [&] {
-                  qtAsked = true;
-                  return QString("/elsewhere");
-                },
-                "/tmp"),
-            runtime.path());
-  EXPECT_FALSE(qtAsked);
-}
-
-TEST(SingleInstanceDirectoryEdge, UnsetRuntimeDirectoryFallsBackToQtsChoice) {
-  QTemporaryDir qtChoice;
-  EXPECT_EQ(SingleInstanceLock::chooseDirectory(
-                "", [&] { return qtChoice.path(); }, "/tmp"),
-            qtChoice.path());
-}
-
-TEST(SingleInstanceDirectoryEdge, RuntimeDirectoryThatDoesNotExistIsSkipped) {
-  QTemporaryDir qtChoice;
-  EXPECT_EQ(SingleInstanceLock::chooseDirectory(
-                "/no/such/runtime/dir", [&] { return qtChoice.path(); }, "/tmp"),
-            qtChoice.path());
-}
-
-TEST(SingleInstanceDirectoryEdge, NothingUsableFallsBackToTheTemporaryDirectory) {
-  EXPECT_EQ(SingleInstanceLock::chooseDirectory(
-                "", [] { return QString(); }, "/var/tmp"),
-            "/var/tmp");
-}
-
-TEST(SingleInstanceDirectory, RuntimeDirectoryComesFromTheEnvironment) {
-  QTemporaryDir runtime;
-  qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
-  EXPECT_EQ(SingleInstanceLock::runtimeDirectory(), runtime.path());
-}
-
-TEST(SingleInstanceDirectory, DefaultPathIsNamedAfterTheBundleIdentifier) {
-  QTemporaryDir runtime;
-  qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
-  EXPECT_EQ(SingleInstanceLock::defaultPath("app.brimly.Brimly"),
-            QDir(runtime.path()).filePath("app.brimly.Brimly.lock"));
+TEST(SingleInstanceLockPath, IsNamedAfterTheBundleIdentifierInTheRuntimeFolder) {
+  EXPECT_EQ(SingleInstanceLock::pathIn("/run/user/1000", "app.brimly.Brimly"),
+            "/run/user/1000/app.brimly.Brimly.lock");
 }
 
 }  // namespace

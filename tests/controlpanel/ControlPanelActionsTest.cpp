@@ -80,6 +80,26 @@ TEST_F(ControlPanelActionsTest, FahrenheitIsStoredThenShownInTheModel) {
   EXPECT_EQ(modelSawStored, std::vector<bool>{true});
 }
 
+TEST_F(ControlPanelActionsTest, FahrenheitThatCouldNotBeStoredIsNotShown) {
+  store.writeFailure = "cannot write /home/ann/.config/brimly/Brimly.conf: No space left on device";
+  std::vector<bool> modelShowed;
+  QObject::connect(&model, &ControlPanelModel::changed,
+                   [&] { modelShowed.push_back(model.useFahrenheit()); });
+  ControlPanelModel::invoke(model.onToggleFahrenheit, true);
+  EXPECT_FALSE(settings.useFahrenheit());
+  // Announced even though unchanged, so that a switch that moved on its own moves back.
+  EXPECT_EQ(modelShowed, std::vector<bool>{false});
+}
+
+TEST_F(ControlPanelActionsTest, PinThatCouldNotBeStoredIsNotTaken) {
+  store.writeFailure = "disk full";
+  ControlPanelModel::invoke(model.onTogglePin, true);
+  EXPECT_FALSE(proximity.isPinned());
+  EXPECT_FALSE(model.isPinned());
+  EXPECT_FALSE(panel.isOpen());
+  EXPECT_TRUE(monitor.restartedIntervals.empty());
+}
+
 TEST_F(ControlPanelActionsTest, ALoginItemThatRegistersIsShownOn) {
   ControlPanelModel::invoke(model.onToggleLaunch, true);
   EXPECT_EQ(loginItem.requests, std::vector<bool>{true});

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <vector>
 
 #include "FakeControlPanelPorts.h"
@@ -58,6 +59,22 @@ TEST_F(ControlPanelControllerTest, AClickShowsTheCardUnderTheItemAndASecondClick
   controller.statusItemClicked();
   EXPECT_FALSE(card.visible);
   EXPECT_FALSE(controller.hasOutsideClickMonitor());
+}
+
+TEST_F(ControlPanelControllerTest, AChangeOfTheScreensClosesAnOpenCardAndItsMonitor) {
+  controller.showControlPanel();
+  controller.screensChanged();
+  EXPECT_FALSE(card.visible);
+  EXPECT_EQ(card.closes, 1);
+  EXPECT_FALSE(controller.hasOutsideClickMonitor());
+  // A closed card stays closed, and the next click opens it under the item as it is now.
+  controller.screensChanged();
+  EXPECT_EQ(card.closes, 1);
+  statusItem.button = Rect{500, 745, 24, 37};
+  statusItem.buttonScreen = Rect{0, 0, 1024, 745};
+  controller.statusItemClicked();
+  ASSERT_TRUE(card.visible);
+  EXPECT_DOUBLE_EQ(card.shownAt.back().y, 745 - 330);
 }
 
 TEST_F(ControlPanelControllerTest, ShowingRefreshesTheSwitchesFirst) {
@@ -150,13 +167,21 @@ TEST_F(ControlPanelControllerTest, ShownAgainItComesBackAtTheAnchorItWasLastShow
 
 TEST_F(ControlPanelControllerTest, AMonitorThatOutlivesTheControllerDoesNothing) {
   FakeCard otherCard;
+  std::function<void(Point)> lateClick;
   {
     ControlPanelController shortLived(statusItem, monitor, otherCard, nullptr);
     shortLived.showControlPanel();
-    EXPECT_EQ(monitor.live.size(), 1u);
+    ASSERT_EQ(monitor.live.size(), 1u);
+    // What a system holds on to when a click was on its way as the monitor went.
+    lateClick = monitor.live.begin()->second;
   }
-  // Destroying it removed its monitor.
+  // Destroying it removed its monitor…
   EXPECT_TRUE(monitor.live.empty());
+  // … and a click that still arrives reaches no controller: the card is not closed again.
+  const int closes = otherCard.closes;
+  lateClick(Point{10, 10});
+  EXPECT_EQ(otherCard.closes, closes);
+  EXPECT_TRUE(otherCard.visible);
 }
 
 }  // namespace

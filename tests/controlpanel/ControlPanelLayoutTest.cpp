@@ -61,15 +61,37 @@ TEST(ControlPanelLayout, QuitSitsAloneAtTheTrailingEdgeAndTheOthersFollowEachOth
   EXPECT_GT(l.buttons[3].x, l.buttons[2].maxX() + 4);
 }
 
-TEST(ControlPanelLayout, WideTitlesSqueezeTheButtonsPaddingButNeverOverlap) {
+TEST(ControlPanelLayout, ARowTooWideForTheSpaceBetweenThePaddingsSpreadsIntoThemKeepingItsOwn) {
+  // 179 of titles, 18 × 4 of padding and 4 × 3 of spacing: 263, 31 more than the 232 between the
+  // card's paddings, 1 less than the card.
   ControlPanelMeasures m = typical();
-  m.buttonTitles = {Size{53, 15}, Size{70, 15}, Size{40, 15}, Size{28, 15}};
+  m.buttonTitles = {Size{50, 15}, Size{65, 15}, Size{38, 15}, Size{26, 15}};
   const ControlPanelLayout l = ControlPanelLayout::compute(m);
-  for (std::size_t i = 0; i + 1 < l.buttons.size(); ++i) {
-    EXPECT_LE(l.buttons[i].maxX() + 4, l.buttons[i + 1].x + 1e-9);
-    EXPECT_GE(l.buttons[i].width, m.buttonTitles[i].width + 6);
+  for (std::size_t i = 0; i < l.buttons.size(); ++i) {
+    EXPECT_EQ(l.buttons[i].width, m.buttonTitles[i].width + 18) << i;
+    EXPECT_EQ(l.buttons[i].y, l.buttons[0].y) << i;
   }
-  EXPECT_LE(l.buttons[3].maxX(), 18 + 264 - 16 + 1e-9);
+  EXPECT_EQ(l.buttons[0].x, 34 - 15.5);
+  EXPECT_EQ(l.buttons[1].x, l.buttons[0].maxX() + 4);
+  EXPECT_EQ(l.buttons[2].x, l.buttons[1].maxX() + 4);
+  EXPECT_EQ(l.buttons[3].maxX(), 18 + 264 - 16 + 15.5);
+  EXPECT_EQ(l.card.height, ControlPanelLayout::compute(typical()).card.height);
+}
+
+TEST(ControlPanelLayout, OnlyARowTooWideForTheWholeCardGivesUpPaddingAndStaysInsideIt) {
+  // 220 of titles leave 264 − 220 − 12 = 32 for eight sides: 4 each.
+  ControlPanelMeasures m = typical();
+  m.buttonTitles = {Size{60, 15}, Size{80, 15}, Size{45, 15}, Size{35, 15}};
+  const ControlPanelLayout l = ControlPanelLayout::compute(m);
+  for (std::size_t i = 0; i < l.buttons.size(); ++i) {
+    EXPECT_EQ(l.buttons[i].width, m.buttonTitles[i].width + 8) << i;
+    EXPECT_EQ(l.buttons[i].height, 25) << i;
+  }
+  EXPECT_EQ(l.buttons[0].x, l.card.x);
+  for (std::size_t i = 0; i + 1 < l.buttons.size(); ++i) {
+    EXPECT_LE(l.buttons[i].maxX() + 4, l.buttons[i + 1].x + 1e-9) << i;
+  }
+  EXPECT_EQ(l.buttons[3].maxX(), l.card.maxX());
 }
 
 TEST(ControlPanelLayout, ALongVersionDoesNotWidenTheCard) {

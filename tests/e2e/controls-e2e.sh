@@ -1,15 +1,18 @@
 #!/usr/bin/env bash
 # The controls as a person meets them, on a virtual X11 desktop with a compositing manager and a
-# system tray: a click on Brimly's tray icon drops the control card under it; Escape, a click
-# elsewhere and a second click on the icon close it; "Settings" opens the window "Brimly Settings",
-# where "Show temperature in °F" changes the panel's TEMP text and the stored setting, and dragging
-# a metric row changes the panel's order; "About" opens "About Brimly"; "Quit" ends Brimly with
-# status 0. Brimly reads a recorded laptop (a fixture tree) so that it has a temperature to show.
+# system tray: a left or right click on Brimly's tray icon drops the control card under it;
+# Escape, a click elsewhere and a second click on the icon close it; "Show Panel" opens the panel
+# for about 5 s; "Launch at login" writes the autostart entry and removes it again; "Settings"
+# opens the window "Brimly Settings", where "Show temperature in °F" changes the panel's TEMP text
+# and the stored setting, and dragging a metric row changes the panel's order; the settings and
+# About windows move when dragged by their background; Ctrl+comma in the card opens the settings
+# and leaves the card open; "About" opens "About Brimly", 300 wide; "Quit" ends Brimly with status
+# 0. Brimly reads a recorded laptop (a fixture tree) so that it has a temperature to show.
 #
 # usage: controls-e2e.sh <brimly executable> <fixture root> [screenshot folder]
 # With BRIMLY_E2E_COMPOSITOR=none the desktop runs without a compositing manager: the card then
 # cannot be translucent and is cut to its rounded shape instead; the same checks hold.
-# Exit status 77 (a skip for CTest) only when Xvfb itself is not installed.
+# Exit status 77 (a skip for CTest) only when Xvfb itself or DejaVu Sans is not installed.
 set -uo pipefail
 
 app=$1
@@ -20,9 +23,17 @@ fbtool="$here/framebuffer.py"
 width=1512
 height=982
 tray_size=32
+# The About window's height: its content laid out in DejaVu Sans.
+about_height=270
 # shellcheck source=virtual-desktop.sh
 source "$here/virtual-desktop.sh"
-require_tools xdotool convert xsetroot trayer picom python3
+require_tools xdotool convert xsetroot trayer picom python3 fc-list
+# The clicks land where DejaVu Sans, the windows' face on a desktop set up by install-deps, lays the
+# controls out.
+if [ -z "$(fc-list 'DejaVu Sans' family)" ]; then
+  echo "SKIPPED: DejaVu Sans is not installed, and the clicks land where it lays the windows out"
+  exit $skip
+fi
 
 # Polls <command…> every 50 ms for at most <seconds>.
 eventually() {
@@ -154,6 +165,35 @@ check "a click on the icon while the card is open closes it" eventually 3 card_h
 sleep 0.6
 check "… and it stays closed" card_hidden
 
+move_to $icon_x $icon_y
+sleep 0.1
+xdotool click 3
+check "a right click on the tray icon drops the card too" eventually 5 card_shown
+xdotool key Escape
+eventually 3 card_hidden
+
+# --- "Show Panel" and "Launch at login" --------------------------------------------------------
+# The open panel's black card covers the top centre of the screen; closed, nothing is drawn there.
+panel_open() { test "$(pixel $((width / 2)) 70)" = 000000; }
+panel_closed() { like_desktop $((width / 2)) 70 8; }
+open_card
+click_at $((card_left + 16 + 71 + 4 + 44)) $footer_y  # "Show Panel", beside "Settings"
+check "\"Show Panel\" closes the card" eventually 3 card_hidden
+check "… and opens the panel" eventually 2 panel_open
+sleep 3
+check "… which is still open 3 s later" panel_open
+check "… and closes by itself about 5 s after it opened" eventually 5 panel_closed
+
+autostart="$XDG_CONFIG_HOME/autostart/app.brimly.Brimly.desktop"
+open_card
+click_at $((card_left + 231)) $((card_y + 160))  # the second switch
+check "\"Launch at login\" writes the autostart entry" eventually 3 test -f "$autostart"
+check "… naming the running program" grep -q "^Exec=.*$(basename "$app")" "$autostart"
+click_at $((card_left + 231)) $((card_y + 160))
+check "… and switched off again removes it" eventually 3 test ! -e "$autostart"
+xdotool key Escape
+eventually 3 card_hidden
+
 # --- pin the panel, so that its cells show ------------------------------------------------------
 open_card
 click_at $((card_left + 231)) $((card_y + 126))
@@ -172,6 +212,19 @@ check "\"Settings\" opens the window \"Brimly Settings\"" eventually 5 test -n "
 check "\"Settings\" leaves the card open" card_shown
 read -r set_x set_y set_w set_h < <(window_geometry 'Brimly Settings')
 check "the settings window is 360 x 468" test "${set_w}x${set_h}" = 360x468
+# Dragged by its background (beside the title at the top), the window follows the pointer.
+drag_by() {  # drag_by <x> <y> <dx> <dy>: a left-button drag from (x, y) by (dx, dy)
+  move_to "$1" "$2"
+  sleep 0.1
+  xdotool mousedown 1
+  for _ in 1 2 3 4; do xdotool mousemove_relative -- $(($3 / 4)) $(($4 / 4)); sleep 0.03; done
+  xdotool mouseup 1
+}
+moved_to() {  # moved_to <window name> <x> <y>
+  local x y w h
+  read -r x y w h < <(window_geometry "$1")
+  test "$x $y" = "$2 $3"
+}
 # The first click into the window closes the card, as a click outside any X11 pop-up does.
 click_at $((set_x + 200)) $((set_y + 400))
 check "a click into the settings window closes the card" eventually 3 card_hidden
@@ -196,16 +249,35 @@ check "dragging RAM above CPU stores the new order" eventually 3 grep -q '^metri
 sleep 0.8
 shot -crop 640x170+$((width / 2 - 320))+0 +repage "$work/panel-reordered.png"
 check "… and the panel's grid follows" images_differ "$work/panel-fahrenheit.png" "$work/panel-reordered.png"
+drag_by $((set_x + 340)) $((set_y + 12)) -80 40
+check "dragged by its background, the settings window moves with the pointer" \
+  eventually 3 moved_to 'Brimly Settings' $((set_x - 80)) $((set_y + 40))
 xdotool key Escape
 check "Escape hides the settings window" eventually 3 test -z "$(window_named 'Brimly Settings')"
 
+open_card
+xdotool key ctrl+comma
+check "Ctrl+comma in the open card opens the settings window" \
+  eventually 5 test -n "$(window_named 'Brimly Settings')"
+check "… and leaves the card open, as \"Settings\" does" card_shown
+xdotool key Escape
+eventually 3 card_hidden
+click_at $((set_x - 80 + 300)) $((set_y + 40 + 12))  # into the window, beside its title
+xdotool key Escape
+check "Escape hides it again" eventually 3 test -z "$(window_named 'Brimly Settings')"
+
 # --- About ---------------------------------------------------------------------------------------
 open_card
-click_at $((card_left + 186)) $footer_y
+click_at $((card_left + 190)) $footer_y
 check "\"About\" opens the window \"About Brimly\"" eventually 5 test -n "$(window_named 'About Brimly')"
 check "\"About\" closes the card" eventually 3 card_hidden
 read -r about_x about_y about_w about_h < <(window_geometry 'About Brimly')
+check "the About window is 300 wide and as tall as its content in DejaVu Sans" \
+  test "${about_w}x${about_h}" = 300x$about_height
 shot -crop "${about_w}x${about_h}+${about_x}+${about_y}" +repage "$work/about.png"
+drag_by $((about_x + 10)) $((about_y + 10)) 60 -20
+check "dragged by its background, the About window moves with the pointer" \
+  eventually 3 moved_to 'About Brimly' $((about_x + 60)) $((about_y - 20))
 xdotool key Escape
 
 if [ -n "$shots" ]; then
@@ -215,7 +287,7 @@ fi
 
 # --- quit ----------------------------------------------------------------------------------------
 open_card
-click_at $((card_left + 228)) $footer_y
+click_at $((card_left + 240)) $footer_y
 check "\"Quit\" ends Brimly" eventually 5 bash -c "! kill -0 $app_pid 2>/dev/null"
 wait $app_pid
 status=$?

@@ -2,9 +2,12 @@
 # Where Qt cannot start the window system it would be asked for, Brimly leaves before creating
 # its application, with status 3 and exactly one line on stderr, instead of Qt's abort with pages
 # of text: an unknown platform in QT_QPA_PLATFORM or on the command line, an X display named by
-# -display that nobody serves, a Wayland session without XWayland, no display at all. None of
-# these needs a display of its own; where Xvfb is installed a working one is started beside them,
-# so that each bad choice is made while a good display is at hand.
+# -display that nobody serves, a Wayland session without XWayland whose WAYLAND_DISPLAY nobody
+# serves (also with Qt's Wayland platform chosen, whether or not its plugin is installed: Brimly
+# asks the compositor itself before Qt would), no display at all. None of these needs a display of
+# its own; where Xvfb is installed a working one is started beside them, so that each bad choice
+# is made while a good display is at hand. (A Wayland compositor that answers, without XWayland,
+# is checked under GNOME Shell by gnome-shell-e2e.sh.)
 #
 # usage: startup-failures.sh <brimly executable>
 set -uo pipefail
@@ -75,8 +78,10 @@ expect_refusal "--platform bogus beside a working QT_QPA_PLATFORM" \
   env DISPLAY="$working" QT_QPA_PLATFORM=offscreen "$app" --platform bogus
 expect_refusal "-display $nobody (no such server) beside a working DISPLAY" \
   env DISPLAY="$working" "$app" -display "$nobody"
-expect_refusal "a Wayland session without XWayland" \
+expect_refusal "a Wayland session without XWayland, nobody serving WAYLAND_DISPLAY" \
   env -u DISPLAY WAYLAND_DISPLAY=wayland-0 XDG_SESSION_TYPE=wayland XDG_CURRENT_DESKTOP=KDE "$app"
+expect_refusal "QT_QPA_PLATFORM=wayland, nobody serving WAYLAND_DISPLAY" \
+  env DISPLAY="$working" WAYLAND_DISPLAY=wayland-0 QT_QPA_PLATFORM=wayland "$app"
 expect_refusal "no display at all" env -u DISPLAY "$app"
 expect_refusal "DISPLAY naming no server" env DISPLAY="$nobody" "$app"
 

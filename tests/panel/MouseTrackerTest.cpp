@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "FakeHoverZonePort.h"
 #include "FakePointerPort.h"
 #include "FakeScreenPort.h"
 #include "panel/NotchGeometry.h"
@@ -12,6 +13,7 @@
 namespace brimly {
 namespace {
 
+using testing::FakeHoverZonePort;
 using testing::FakePointerPort;
 using testing::FakeScreenPort;
 
@@ -307,6 +309,103 @@ TEST(MouseTrackerDecision, ReferenceFramePrefersTheGivenFrameThenTheScreenUnderT
             right.frame);
   EXPECT_EQ(MouseTracker::referenceFrame({5000, 10}, std::nullopt, {left, right}, std::nullopt),
             std::nullopt);
+}
+
+// --- A desktop that reports the zone itself ---
+
+using Zone = HoverZonePort::Zone;
+
+class MouseTrackerZoneTest : public ::testing::Test {
+ protected:
+  MouseTrackerZoneTest() {
+    tracker.setOnChange([this](bool inside) { reports.push_back(inside); });
+  }
+
+  FakePointerPort pointer;
+  FakeScreenPort desktop;
+  FakeHoverZonePort zone;
+  MouseTracker tracker{pointer, desktop, &zone};
+  std::vector<bool> reports;
+};
+
+TEST_F(MouseTrackerZoneTest, ReportsBeforeStartAndAfterStopGoNowhere) {
+  zone.enter();
+  tracker.start();
+  tracker.stop();
+  zone.enter();
+  EXPECT_TRUE(reports.empty());
+  EXPECT_EQ(zone.stopCalls, 1);
+  EXPECT_FALSE(zone.isWatching());
+}
+
+TEST_F(MouseTrackerZoneTest, StartsOnTheClosedOutlineWithoutTouchingThePointer) {
+  tracker.start();
+  EXPECT_TRUE(tracker.isWatching());
+  EXPECT_EQ(zone.zones, (std::vector<Zone>{Zone::closedOutline}));
+  EXPECT_EQ(pointer.startCalls, 0);
+  pointer.moveTo({756, 1110});  // a position, were there one, decides nothing
+  tracker.evaluate();
+  EXPECT_TRUE(reports.empty());
+}
+
+TEST_F(MouseTrackerZoneTest, ADesktopThatCannotReportLeavesTheTrackerIdle) {
+  zone.watchingAvailable = false;
+  tracker.start();
+  EXPECT_FALSE(tracker.isWatching());
+  EXPECT_TRUE(zone.zones.empty());
+}
+
+TEST_F(MouseTrackerZoneTest, PinnedBeforeStartTheZoneIsNone) {
+  tracker.setPinned(true);
+  EXPECT_TRUE(zone.zones.empty());  // nothing to tell before watching
+  tracker.start();
+  EXPECT_EQ(zone.zones, (std::vector<Zone>{Zone::none}));
+}
+
+TEST_F(MouseTrackerZoneTest, EnteringOpensTheCardZoneAndLeavingClosesIt) {
+  tracker.start();
+  zone.enter();
+  EXPECT_TRUE(tracker.isInside());
+  zone.leave();
+  EXPECT_FALSE(tracker.isInside());
+  EXPECT_EQ(reports, (std::vector<bool>{true, false}));
+  EXPECT_EQ(zone.zones,
+            (std::vector<Zone>{Zone::closedOutline, Zone::openCard, Zone::closedOutline}));
+}
+
+TEST_F(MouseTrackerZoneTest, RepeatedReportsAreToldOnce) {
+  tracker.start();
+  zone.enter();
+  zone.enter();
+  EXPECT_EQ(reports, (std::vector<bool>{true}));
+}
+
+TEST_F(MouseTrackerZoneTest, PinningTakesTheZoneAwayAndCountsThePointerOutside) {
+  tracker.start();
+  zone.enter();
+  tracker.setPinned(true);
+  EXPECT_FALSE(tracker.isInside());
+  zone.enter();  // late news from the desktop, about a zone that is gone
+  EXPECT_FALSE(tracker.isInside());
+  tracker.setPinned(false);
+  EXPECT_EQ(reports, (std::vector<bool>{true, false}));
+  EXPECT_EQ(zone.zones, (std::vector<Zone>{Zone::closedOutline, Zone::openCard, Zone::none,
+                                           Zone::closedOutline}));
+}
+
+TEST(MouseTrackerZone, TheZoneFollowsThePinThenThePointer) {
+  EXPECT_EQ(MouseTracker::zoneFor(true, true), Zone::none);
+  EXPECT_EQ(MouseTracker::zoneFor(true, false), Zone::none);
+  EXPECT_EQ(MouseTracker::zoneFor(false, true), Zone::openCard);
+  EXPECT_EQ(MouseTracker::zoneFor(false, false), Zone::closedOutline);
+}
+
+TEST_F(MouseTrackerTest, WithoutAZoneThePinChangesNothing) {
+  tracker.start();
+  pointer.moveTo({756, 1110});
+  tracker.setPinned(true);
+  EXPECT_TRUE(tracker.isInside());
+  EXPECT_EQ(reports, (std::vector<bool>{true}));
 }
 
 }  // namespace

@@ -225,9 +225,61 @@ TEST(AppSettings, PinIsHeldButNotPersistedByTheSettings) {
   EXPECT_TRUE(store.writes.empty());
   ASSERT_EQ(changed.count(), 1);
   EXPECT_TRUE(changed.at(0).at(0).toBool());
-  // The pin switch writes through the same store the settings were read from.
-  settings.defaults().writeBool(AppSettings::isPinnedKey, true);
+  // The pin switch stores it separately.
+  EXPECT_TRUE(settings.storePinned(true));
   EXPECT_EQ(store.writes, (std::vector<Write>{{"isPinned", true}}));
+}
+
+TEST(AppSettingsWriteFailure, FahrenheitGoesBackToWhatIsStoredAndOneLineSaysWhy) {
+  FakeKeyValueStore store;
+  store.values["useFahrenheit"] = false;
+  AppSettings settings(store);
+  std::vector<std::string> logged;
+  settings.setWriteFailureLog([&](const std::string& line) { logged.push_back(line); });
+  std::vector<bool> announced;
+  QObject::connect(&settings, &AppSettings::useFahrenheitChanged,
+                   [&](bool value) { announced.push_back(value); });
+  store.writeFailure = "cannot write /home/ann/.config/brimly/Brimly.conf: No space left on device";
+  settings.setUseFahrenheit(true);
+  EXPECT_FALSE(settings.useFahrenheit());
+  // The new value, then the stored one: whoever showed the new one shows the truth again.
+  EXPECT_EQ(announced, (std::vector<bool>{true, false}));
+  EXPECT_EQ(logged, (Strings{"Brimly: saving the settings failed — cannot write "
+                             "/home/ann/.config/brimly/Brimly.conf: No space left on device"}));
+}
+
+TEST(AppSettingsWriteFailure, OrderGoesBackToWhatIsStored) {
+  FakeKeyValueStore store;
+  store.values["metricOrder"] = Strings{"temp", "cpu"};
+  AppSettings settings(store);
+  std::vector<std::string> logged;
+  settings.setWriteFailureLog([&](const std::string& line) { logged.push_back(line); });
+  QSignalSpy changed(&settings, &AppSettings::metricOrderChanged);
+  store.writeFailure = "disk full";
+  settings.setMetric(ram, true);
+  settings.moveMetrics({1}, 0);
+  EXPECT_EQ(settings.metricOrder(), (Kinds{temp, cpu}));
+  EXPECT_EQ(changed.count(), 4);
+  EXPECT_EQ(logged.size(), 2u);
+}
+
+TEST(AppSettingsWriteFailure, PinThatWasNotStoredIsNotTaken) {
+  FakeKeyValueStore store;
+  store.values["isPinned"] = true;
+  AppSettings settings(store);
+  store.writeFailure = "disk full";
+  std::vector<std::string> logged;
+  settings.setWriteFailureLog([&](const std::string& line) { logged.push_back(line); });
+  EXPECT_TRUE(settings.storePinned(false));
+  EXPECT_EQ(logged, (Strings{"Brimly: saving the settings failed — disk full"}));
+}
+
+TEST(AppSettingsWriteFailure, WithoutALogAFailedWriteStillGoesBack) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  store.writeFailure = "disk full";
+  settings.setUseFahrenheit(true);
+  EXPECT_FALSE(settings.useFahrenheit());
 }
 
 }  // namespace

@@ -10,6 +10,9 @@
 #include <QTemporaryDir>
 #include <algorithm>
 
+#include "AnotherUser.h"
+#include "EnvironmentOverride.h"
+#include "FullFileSystem.h"
 #include "settings/AppSettings.h"
 
 namespace brimly {
@@ -61,6 +64,17 @@ class QSettingsStoreTest : public ::testing::Test {
     const QString filePath = path(name);
     EXPECT_EQ(::mkfifo(QFile::encodeName(filePath).constData(), 0600), 0);
     return filePath;
+  }
+
+  // The path as the store names it in its messages.
+  static std::string bytes(const QString& filePath) {
+    return QFile::encodeName(filePath).toStdString();
+  }
+
+  static int modeOf(const QString& filePath) {
+    struct stat status {};
+    if (::stat(QFile::encodeName(filePath).constData(), &status) != 0) return -1;
+    return static_cast<int>(status.st_mode & 07777);
   }
 
   static bool isFifo(const QString& filePath) {
@@ -195,12 +209,12 @@ TEST_F(QSettingsStoreTest, MistypedListsReadAsNothing) {
 TEST_F(QSettingsStoreTest, WritesReachTheFileAtOnceAndReadBackTheSame) {
   const QString filePath = path("Brimly.conf");
   QSettingsStore store(filePath);
-  store.writeBool("useFahrenheit", true);
+  EXPECT_EQ(store.writeBool("useFahrenheit", true), std::nullopt);
   EXPECT_TRUE(contents(filePath).contains("useFahrenheit=true"));
-  store.writeStringList("metricOrder", {"temp", "cpu", "ram"});
-  store.writeStringList("one", {"pwr"});
-  store.writeStringList("odd", {"a, b", "@x", "\u00fc"});
-  store.writeBool("isPinned", false);
+  EXPECT_EQ(store.writeStringList("metricOrder", {"temp", "cpu", "ram"}), std::nullopt);
+  EXPECT_EQ(store.writeStringList("one", {"pwr"}), std::nullopt);
+  EXPECT_EQ(store.writeStringList("odd", {"a, b", "@x", "\u00fc"}), std::nullopt);
+  EXPECT_EQ(store.writeBool("isPinned", false), std::nullopt);
 
   QSettingsStore reread(freshCopy(filePath, "copy.conf"));
   EXPECT_EQ(reread.readBool("useFahrenheit"), true);
@@ -212,7 +226,7 @@ TEST_F(QSettingsStoreTest, WritesReachTheFileAtOnceAndReadBackTheSame) {
 
 TEST_F(QSettingsStoreTest, AnEmptyListReadsBackAsNothingWhichGivesTheDefaultOrder) {
   const QString filePath = path("Brimly.conf");
-  QSettingsStore(filePath).writeStringList("metricOrder", {});
+  EXPECT_EQ(QSettingsStore(filePath).writeStringList("metricOrder", {}), std::nullopt);
   QSettingsStore reread(freshCopy(filePath, "copy.conf"));
   EXPECT_EQ(AppSettings(reread).metricOrder(), MetricKind::defaultOrder());
 }
@@ -224,7 +238,7 @@ TEST_F(QSettingsStoreTest, SettingsSurviveARestart) {
     AppSettings settings(store);
     settings.setUseFahrenheit(true);
     settings.setMetricOrder({MetricKind::pwr});
-    settings.defaults().writeBool(AppSettings::isPinnedKey, true);
+    EXPECT_TRUE(settings.storePinned(true));
   }
   QSettingsStore store(freshCopy(filePath, "copy.conf"));
   AppSettings settings(store);
@@ -263,21 +277,28 @@ TEST_F(QSettingsStoreTest, MalformedFileIsReportedReadsNothingAndIsNotOverwritte
   EXPECT_EQ(contents(filePath), malformed);
 }
 
-TEST_F(QSettingsStoreTest, StoreThatFailedToReadNeverWritesTheFileBack) {
+TEST_F(QSettingsStoreTest, StoreThatFailedToReadNeverWritesTheFileBackAndSaysSo) {
   const QByteArray malformed = "[General\nuseFahrenheit=true\nmetricOrder=pwr\n";
   const QString filePath = writeFile("Brimly.conf", malformed);
   {
     QSettingsStore store(filePath);
     ASSERT_TRUE(store.readFailed());
     AppSettings settings(store);
-    settings.setUseFahrenheit(false);
+    std::vector<std::string> logged;
+    settings.setWriteFailureLog([&](const std::string& line) { logged.push_back(line); });
+    settings.setUseFahrenheit(true);
     settings.setMetricOrder({MetricKind::cpu});
-    EXPECT_EQ(settings.metricOrder(), (std::vector<MetricKind>{MetricKind::cpu}));
+    // Nothing was saved: the settings show what the next start will find.
+    EXPECT_FALSE(settings.useFahrenheit());
+    EXPECT_EQ(settings.metricOrder(), MetricKind::defaultOrder());
+    ASSERT_EQ(logged.size(), 2u);
+    EXPECT_EQ(logged[0], std::string(AppSettings::writeFailurePrefix) + bytes(filePath) +
+                             " cannot be parsed, and is left as it is");
   }
   EXPECT_EQ(contents(filePath), malformed);
 }
 
-TEST_F(QSettingsStoreTest, PathThatCannotBeReadIsReportedAndWritesDoNotCrash) {
+TEST_F(QSettingsStoreTest, PathThatCannotBeReadIsReportedAndWritesFailWithoutACrash) {
   // A folder where the file should be can be neither read nor written, even by the superuser.
   const QString filePath = path("Brimly.conf");
   ASSERT_TRUE(QDir().mkpath(filePath));
@@ -287,8 +308,147 @@ TEST_F(QSettingsStoreTest, PathThatCannotBeReadIsReportedAndWritesDoNotCrash) {
   EXPECT_EQ(settings.metricOrder(), MetricKind::defaultOrder());
   settings.setUseFahrenheit(true);
   settings.setMetric(MetricKind::cpu, false);
-  EXPECT_TRUE(settings.useFahrenheit());
+  EXPECT_FALSE(settings.useFahrenheit());
+  EXPECT_EQ(settings.metricOrder(), MetricKind::defaultOrder());
   EXPECT_TRUE(QFileInfo(filePath).isDir());
+}
+
+TEST_F(QSettingsStoreTest, FifoPutAtThePathWhileRunningBlocksNeitherAReadNorAWrite) {
+  const QString filePath = writeFile("Brimly.conf", "[General]\nuseFahrenheit=false\n");
+  QSettingsStore store(filePath);
+  AppSettings settings(store);
+  std::vector<std::string> logged;
+  settings.setWriteFailureLog([&](const std::string& line) { logged.push_back(line); });
+  ASSERT_TRUE(QFile::remove(filePath));
+  makeFifo("Brimly.conf");
+
+  FifoWatchdog watchdog;
+  EXPECT_EQ(store.readBool("useFahrenheit"), std::nullopt);
+  EXPECT_EQ(store.writeBool("useFahrenheit", true), bytes(filePath) + " is not a regular file");
+  settings.setUseFahrenheit(true);
+  EXPECT_FALSE(settings.useFahrenheit());
+  EXPECT_EQ(logged, std::vector<std::string>{std::string(AppSettings::writeFailurePrefix) +
+                                             bytes(filePath) + " is not a regular file"});
+  EXPECT_TRUE(isFifo(filePath));
+}
+
+TEST_F(QSettingsStoreTest, LinkAtThePathIsReadThroughButNeverWrittenThrough) {
+  const QByteArray target = "[General]\nuseFahrenheit=true\n";
+  const QString elsewhere = writeFile("bashrc", target);
+  const QString filePath = path("Brimly.conf");
+  ASSERT_TRUE(QFile::link(elsewhere, filePath));
+  QSettingsStore store(filePath);
+  EXPECT_FALSE(store.readFailed());
+  AppSettings settings(store);
+  EXPECT_TRUE(settings.useFahrenheit());
+
+  EXPECT_EQ(store.writeBool("useFahrenheit", false), bytes(filePath) + " is a symbolic link");
+  settings.setUseFahrenheit(false);
+  EXPECT_TRUE(settings.useFahrenheit());
+  EXPECT_EQ(contents(elsewhere), target);
+  EXPECT_EQ(QFileInfo(filePath).symLinkTarget(), elsewhere);
+}
+
+TEST_F(QSettingsStoreTest, DanglingLinkAtThePathMakesNoFileAnywhere) {
+  const QString filePath = path("Brimly.conf");
+  const QString nowhere = path("outside/elsewhere.conf");
+  ASSERT_TRUE(QDir().mkpath(path("outside")));
+  ASSERT_TRUE(QFile::link(nowhere, filePath));
+  QSettingsStore store(filePath);
+  EXPECT_EQ(store.writeBool("useFahrenheit", true), bytes(filePath) + " is a symbolic link");
+  EXPECT_FALSE(QFileInfo::exists(nowhere));
+  EXPECT_TRUE(QFileInfo(filePath).isSymLink());
+}
+
+TEST_F(QSettingsStoreTest, FileOfAnotherUserIsNeitherReadNorWritten) {
+  if (!testing::canActAsAnotherUser()) GTEST_SKIP() << testing::kNeedsTheSuperuser;
+  const QByteArray planted = "[General]\nisPinned=true\n";
+  const QString filePath = writeFile("Brimly.conf", planted);
+  ASSERT_EQ(::chown(QFile::encodeName(filePath).constData(), testing::kAnotherUser,
+                    testing::kAnotherUser),
+            0);
+  QSettingsStore store(filePath);
+  EXPECT_TRUE(store.readFailed());
+  AppSettings settings(store);
+  EXPECT_FALSE(settings.isPinned());
+  EXPECT_FALSE(settings.storePinned(true));
+  EXPECT_EQ(contents(filePath), planted);
+}
+
+TEST_F(QSettingsStoreTest, FileThatGrewPastTheLimitWhileRunningIsNotOverwritten) {
+  const QString filePath = writeFile("Brimly.conf", "[General]\nuseFahrenheit=false\n");
+  QSettingsStore store(filePath);
+  writeFileOfSize("Brimly.conf", 64 * 1024 + 1);
+  const QByteArray grown = contents(filePath);
+  EXPECT_EQ(store.readBool("useFahrenheit"), std::nullopt);
+  EXPECT_EQ(store.writeBool("useFahrenheit", true), bytes(filePath) + " is larger than 64 KiB");
+  EXPECT_EQ(contents(filePath), grown);
+}
+
+TEST_F(QSettingsStoreTest, WriteKeepsWhatItDoesNotSetChangesMadeMeanwhileIncluded) {
+  const QString filePath = writeFile("Brimly.conf", "[General]\nuseFahrenheit=true\n");
+  QSettingsStore store(filePath);
+  writeFile("Brimly.conf", "[General]\nuseFahrenheit=true\nother=kept\n[Window]\nwidth=3\n");
+  EXPECT_EQ(store.writeBool("isPinned", true), std::nullopt);
+  QSettingsStore reread(freshCopy(filePath, "copy.conf"));
+  EXPECT_EQ(reread.readBool("useFahrenheit"), true);
+  EXPECT_EQ(reread.readBool("isPinned"), true);
+  EXPECT_EQ(reread.readStringList("other"), (Strings{"kept"}));
+  EXPECT_EQ(reread.readStringList("Window/width"), (Strings{"3"}));
+}
+
+TEST_F(QSettingsStoreTest, ReplacedFileKeepsItsModeAndANewOneIsForTheOwnerAlone) {
+  const QString filePath = writeFile("Brimly.conf", "[General]\n");
+  ASSERT_EQ(::chmod(QFile::encodeName(filePath).constData(), 0640), 0);
+  EXPECT_EQ(QSettingsStore(filePath).writeBool("isPinned", true), std::nullopt);
+  EXPECT_EQ(modeOf(filePath), 0640);
+  const QString fresh = path("fresh/Brimly.conf");
+  EXPECT_EQ(QSettingsStore(fresh).writeBool("isPinned", true), std::nullopt);
+  EXPECT_EQ(modeOf(fresh), 0600);
+  EXPECT_EQ(modeOf(path("fresh")), 0700);
+  // Nothing but the file is left beside it.
+  EXPECT_EQ(QDir(path("fresh")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden),
+            QStringList{"Brimly.conf"});
+}
+
+TEST_F(QSettingsStoreTest, WithoutAConfigurationFolderEveryWriteFailsAndSaysWhy) {
+  QSettingsStore store{std::string()};
+  EXPECT_FALSE(store.readFailed());
+  EXPECT_EQ(store.readBool("useFahrenheit"), std::nullopt);
+  AppSettings settings(store);
+  std::vector<std::string> logged;
+  settings.setWriteFailureLog([&](const std::string& line) { logged.push_back(line); });
+  settings.setUseFahrenheit(true);
+  EXPECT_FALSE(settings.useFahrenheit());
+  ASSERT_EQ(logged.size(), 1u);
+  EXPECT_NE(logged[0].find("neither XDG_CONFIG_HOME nor HOME"), std::string::npos) << logged[0];
+}
+
+TEST_F(QSettingsStoreTest, AFullFileSystemFailsTheWriteKeepsTheFileAndSaysSo) {
+  const std::string report = testing::runWithAFullFileSystem([](const std::string& folder) {
+    const QString filePath = QFile::decodeName(folder.c_str()) + "/brimly/Brimly.conf";
+    QSettingsStore store(filePath);
+    AppSettings settings(store);
+    if (!settings.storePinned(true)) return std::string("the first write failed");
+    const QByteArray before = contents(filePath);
+    testing::fillUp(folder);
+    std::vector<std::string> logged;
+    settings.setWriteFailureLog([&](const std::string& line) { logged.push_back(line); });
+    settings.setUseFahrenheit(true);
+    const QDir brimly(QFile::decodeName(folder.c_str()) + "/brimly");
+    std::string line = logged.empty() ? std::string("nothing") : logged.front();
+    if (const std::size_t at = line.find(folder); at != std::string::npos) {
+      line.replace(at, folder.size(), "<folder>");
+    }
+    return "fahrenheit " + std::to_string(settings.useFahrenheit()) + "; file " +
+           (contents(filePath) == before ? "kept" : "changed") + "; beside it " +
+           std::to_string(brimly.entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size()) +
+           "; logged " + line;
+  });
+  if (report == testing::kNoFileSystemOfOurOwn) GTEST_SKIP() << report;
+  EXPECT_EQ(report, std::string("fahrenheit 0; file kept; beside it 1; logged ") +
+                        AppSettings::writeFailurePrefix + "cannot write " +
+                        "<folder>/brimly/Brimly.conf: No space left on device");
 }
 
 TEST_F(QSettingsStoreTest, FileWithoutReadPermissionGivesDefaultsAndStaysUntouched) {
@@ -325,6 +485,23 @@ TEST_F(QSettingsStoreTest, UsersStoreLivesInTheConfigurationFolder) {
           .absoluteFilePath();
   EXPECT_EQ(QFileInfo(store.fileName()).absoluteFilePath().toStdString(), expected.toStdString());
   EXPECT_FALSE(QFileInfo::exists(expected));
+}
+
+TEST_F(QSettingsStoreTest, RelativeConfigurationFolderIsIgnoredAndANonUtf8OneIsUsedAsItIs) {
+  using testing::EnvironmentOverride;
+  const QByteArray home = QFile::encodeName(directory.path());
+  const QByteArray strange = home + "/conf-\xff";
+  {
+    const EnvironmentOverride config("XDG_CONFIG_HOME", "relative/config");
+    const EnvironmentOverride homeFolder("HOME", home);
+    EXPECT_EQ(QSettingsStore().fileName(), directory.path() + "/.config/brimly/Brimly.conf");
+  }
+  const EnvironmentOverride config("XDG_CONFIG_HOME", strange);
+  QSettingsStore store;
+  EXPECT_EQ(store.writeBool("isPinned", true), std::nullopt);
+  struct stat status {};
+  EXPECT_EQ(::stat((strange + "/brimly/Brimly.conf").constData(), &status), 0);
+  EXPECT_EQ(store.fileName(), directory.path() + "/conf-\\xff/brimly/Brimly.conf");
 }
 
 }  // namespace

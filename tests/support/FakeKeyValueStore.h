@@ -11,8 +11,9 @@
 
 namespace brimly {
 
-// An in-memory preferences store that records every write. A key can also hold a value of a
-// type the reads do not accept (`OtherValue`), to stand for a mistyped entry.
+// An in-memory preferences store that records every write, and can be told to fail them. A key
+// can also hold a value of a type the reads do not accept (`OtherValue`), to stand for a mistyped
+// entry.
 class FakeKeyValueStore : public KeyValueStore {
  public:
   struct OtherValue {
@@ -44,10 +45,13 @@ class FakeKeyValueStore : public KeyValueStore {
     return std::get<std::vector<std::string>>(found->second);
   }
 
-  void writeBool(std::string_view key, bool value) override { record(key, value); }
+  std::optional<std::string> writeBool(std::string_view key, bool value) override {
+    return record(key, value);
+  }
 
-  void writeStringList(std::string_view key, const std::vector<std::string>& value) override {
-    record(key, value);
+  std::optional<std::string> writeStringList(std::string_view key,
+                                             const std::vector<std::string>& value) override {
+    return record(key, value);
   }
 
   bool readFailed() const override { return failed; }
@@ -56,11 +60,15 @@ class FakeKeyValueStore : public KeyValueStore {
   std::vector<Write> writes;
   mutable int reads = 0;
   bool failed = false;
+  // While set, every write fails with this reason and changes nothing (it is still recorded).
+  std::optional<std::string> writeFailure;
 
  private:
-  void record(std::string_view key, Value value) {
-    values[std::string(key)] = value;
-    writes.push_back(Write{std::string(key), std::move(value)});
+  std::optional<std::string> record(std::string_view key, Value value) {
+    writes.push_back(Write{std::string(key), value});
+    if (writeFailure) return writeFailure;
+    values[std::string(key)] = std::move(value);
+    return std::nullopt;
   }
 };
 

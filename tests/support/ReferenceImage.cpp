@@ -5,11 +5,21 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "InstalledFaces.h"
+
 namespace brimly::testing {
 
-#ifndef __APPLE__
 namespace {
 
+// Marks the running test skipped without leaving it, so that its other assertions still run.
+void skipComparison(const QString& referencePath, const std::string& reason) {
+  [&] {
+    GTEST_SKIP() << "reference image " << QFileInfo(referencePath).fileName().toStdString()
+                 << " not compared: " << reason;
+  }();
+}
+
+#ifndef __APPLE__
 bool updating() {
   const QByteArray value = qgetenv("BRIMLY_UPDATE_REFERENCES");
   return !value.isEmpty() && value != "0";
@@ -22,23 +32,25 @@ QString savedActual(const QImage& actual, const QString& referencePath) {
   return path;
 }
 
-}  // namespace
 #endif
 
+}  // namespace
+
 ::testing::AssertionResult matchesReference(const QImage& actual, const QString& referencePath,
-                                            ImageTolerance tolerance) {
+                                            const QStringList& faces, ImageTolerance tolerance) {
 #ifdef __APPLE__
-  // The references are drawn with the DejaVu fonts through FreeType; macOS draws text with Core
-  // Text and other fonts, so no rendering there can match them. The comparison is marked skipped
-  // (and no reference is written); the test's other assertions still run.
-  [&] {
-    GTEST_SKIP() << "reference image " << QFileInfo(referencePath).fileName().toStdString()
-                 << " not compared: the references are FreeType renderings with DejaVu fonts";
-  }();
+  // The references are FreeType renderings; macOS draws text with Core Text, so no rendering
+  // there can match them. No reference is written either.
+  skipComparison(referencePath, "the references are FreeType renderings");
   (void)actual;
+  (void)faces;
   (void)tolerance;
   return ::testing::AssertionSuccess() << "not compared on macOS";
 #else
+  if (const std::optional<std::string> missing = missingFaces(faces)) {
+    skipComparison(referencePath, "it is drawn in " + *missing);
+    return ::testing::AssertionSuccess() << "not compared without its fonts";
+  }
   const QImage rendered = actual.convertToFormat(QImage::Format_ARGB32);
   if (updating()) {
     QDir().mkpath(QFileInfo(referencePath).absolutePath());

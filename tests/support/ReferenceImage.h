@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QString>
+#include <QStringList>
 
 namespace brimly::testing {
 
@@ -17,9 +18,13 @@ struct ImageTolerance {
 // Compares `actual` with the PNG at `referencePath`. With BRIMLY_UPDATE_REFERENCES=1 in the
 // environment it writes `actual` there instead and succeeds, which is how references are made
 // and refreshed (look at them before committing). On a mismatch the actual rendering is saved
-// next to the test program as `<name>.actual.png` for inspection. On macOS, whose text rendering
-// cannot match the references, it compares nothing and marks the test skipped (see the source).
+// next to the test program as `<name>.actual.png` for inspection.
+// `faces` names the font families the rendering's text is drawn in (those scripts/install-deps
+// installs). Where one of them is not installed the rendering cannot match, so nothing is
+// compared and the test is marked skipped, naming the missing family; so too on macOS, whose text
+// rendering cannot match the references whatever the fonts. The test's other assertions still run.
 ::testing::AssertionResult matchesReference(const QImage& actual, const QString& referencePath,
+                                            const QStringList& faces = {},
                                             ImageTolerance tolerance = {});
 
 }  // namespace brimly::testing

@@ -162,7 +162,7 @@ void ControlPanelView::paintEvent(QPaintEvent*) {
           versionLine(model_), Qt::ElideRight,
           static_cast<int>(layout_.card.maxX() - ControlPanelLayout::padding - layout_.version.x)));
 
-  const QColor hairline = QColor::fromRgbF(1, 1, 1, 0.07f);
+  const QColor hairline = toQColor(Theme::cardHairline);
   painter.fillRect(toQRectF(layout_.firstDivider), hairline);
   painter.fillRect(toQRectF(layout_.secondDivider), hairline);
 

@@ -1,10 +1,28 @@
 #include "platform/linux/DesktopEntryText.h"
 
+#include "core/PathText.h"
+
 namespace brimly {
 namespace {
 
 // Characters that make an argument need quotes.
 constexpr std::string_view kReserved = " \t\n\"'\\><~|&;$*?#()`";
+
+// `text` as one quoted argument: inside double quotes, '"', '`', '$' and '\' take a backslash.
+std::string quoted(std::string_view text) {
+  std::string argument = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '`' || c == '$' || c == '\\') argument += '\\';
+    argument += c;
+  }
+  return argument + "\"";
+}
+
+// `text` as one argument, quoted only when it needs to be.
+std::string argument(std::string_view text) {
+  if (text.find_first_of(kReserved) == std::string_view::npos) return std::string(text);
+  return quoted(text);
+}
 
 std::string_view trimmed(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t\r");
@@ -27,27 +45,18 @@ bool saysYes(std::string_view value) {
 }  // namespace
 
 std::optional<std::string> desktopExecValue(std::string_view program) {
-  if (program.empty() || program.front() != '/') return std::nullopt;
-  bool needsQuotes = false;
+  if (program.empty() || program.front() != '/' || !isUtf8(program)) return std::nullopt;
   for (const char c : program) {
     const auto byte = static_cast<unsigned char>(c);
-    if (c == '=' || (byte < 0x20 && c != '\t' && c != '\n') || byte == 0x7f) return std::nullopt;
-    if (kReserved.find(c) != std::string_view::npos) needsQuotes = true;
+    if ((byte < 0x20 && c != '\t' && c != '\n') || byte == 0x7f) return std::nullopt;
   }
+  const bool needsShell = program.find_first_of("%=") != std::string_view::npos;
+  const std::string command =
+      needsShell ? "sh -c " + quoted("exec \"$0\"") + " " + quoted(program) : argument(program);
 
-  // First the quoting of the argument: inside double quotes, '"', '`', '$' and '\' take a
-  // backslash.
-  std::string argument;
-  if (needsQuotes) argument += '"';
-  for (const char c : program) {
-    if (needsQuotes && (c == '"' || c == '`' || c == '$' || c == '\\')) argument += '\\';
-    argument += c;
-  }
-  if (needsQuotes) argument += '"';
-
-  // Then the escapes of every string value, and '%' doubled so that it is no field code.
+  // The escapes of every string value, and '%' doubled so that it is no field code.
   std::string value;
-  for (const char c : argument) {
+  for (const char c : command) {
     switch (c) {
       case '\\':
         value += "\\\\";

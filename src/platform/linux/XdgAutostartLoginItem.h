@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QString>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -12,8 +11,9 @@ namespace brimly {
 
 // Launch at login through an XDG autostart entry, `<config home>/autostart/<bundle id>.desktop`,
 // which the desktop session reads at the next login. Enabling writes the entry (replacing one a
-// settings application may have hidden); disabling deletes it. Nothing is cached: every question
-// looks at the file again, so changes made elsewhere show at once.
+// settings application may have hidden, but never writing through a link or over another user's
+// file); disabling deletes it. Nothing is cached: every question looks at the file again, so
+// changes made elsewhere show at once. Paths are bytes, as the system has them.
 class XdgAutostartLoginItem final : public LoginItemPort {
  public:
   // At most this much of an entry is read to tell whether it is switched off.
@@ -22,27 +22,25 @@ class XdgAutostartLoginItem final : public LoginItemPort {
   // `configHome` is the absolute path of the folder that holds `autostart/` (empty or relative
   // when none is known: the item is then off and cannot be switched on); `executablePath` is the
   // absolute path of the program the entry starts.
-  XdgAutostartLoginItem(QString configHome, QString executablePath);
+  XdgAutostartLoginItem(std::string configHome, std::string executablePath);
 
-  // The item for the user running this process, starting `executablePath`.
-  static std::unique_ptr<XdgAutostartLoginItem> forThisUser(const QString& executablePath);
-  // The user's configuration folder from the values of $XDG_CONFIG_HOME and $HOME: the first when
-  // it is an absolute path, else `.config` in the second when that is one, else empty.
-  static QString chooseConfigHome(const QString& xdgConfigHome, const QString& home);
+  // The item for the user running this process ($XDG_CONFIG_HOME, as the XDG rules read it),
+  // starting `executablePath`.
+  static std::unique_ptr<XdgAutostartLoginItem> forThisUser(std::string executablePath);
 
   // The entry's path; empty when no configuration folder is known.
-  QString entryPath() const;
+  std::string entryPath() const;
 
   bool isEnabled() const override;
   std::optional<std::string> setEnabled(bool enabled) override;
 
  private:
-  QString autostartFolder() const;
+  std::string autostartFolder() const;
   std::optional<std::string> writeEntry() const;
   std::optional<std::string> removeEntry() const;
 
-  QString configHome_;
-  QString executablePath_;
+  std::string configHome_;
+  std::string executablePath_;
 };
 
 }  // namespace brimly

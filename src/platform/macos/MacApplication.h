@@ -49,9 +49,15 @@ bool configureControlCard(std::uintptr_t windowId);
 bool configureTitledWindow(std::uintptr_t windowId, double contentWidth, double contentHeight,
                            double red, double green, double blue);
 
-// Makes this application the active one, ignoring which application the user was in: an
-// accessory application has to ask before one of its windows can take the keyboard.
-void activateIgnoringOtherApplications();
+// Lets AppKit move a window of Brimly's from the left mouse-down being handled now, as the window's
+// title bar would (performWindowDragWithEvent:): Qt's content view takes every click for itself,
+// so a drag on a window's background never reaches AppKit on its own. False when the id has no
+// native window or no left mouse-down is being handled.
+bool dragWindowFromCurrentMouseDown(std::uintptr_t windowId);
+
+// Asks to make this application the active one (NSApplication's activate): an accessory
+// application has to before one of its windows can take the keyboard.
+void activateApplication();
 
 // Makes the window key and puts it in front of the others (makeKeyAndOrderFront). False when the
 // id has no native window.

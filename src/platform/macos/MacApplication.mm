@@ -111,16 +111,21 @@ bool configureTitledWindow(std::uintptr_t windowId, double contentWidth, double 
   }
 }
 
-void activateIgnoringOtherApplications() {
+bool dragWindowFromCurrentMouseDown(std::uintptr_t windowId) {
   @autoreleasepool {
-    NSApplication* application = NSApplication.sharedApplication;
-    if (@available(macOS 14.0, *)) {
-      // macOS 14 may decline to activate an application the user has not turned to; the click on
-      // the menu-bar item that leads here should count as turning to it.
-      [application activate];
-    } else {
-      [application activateIgnoringOtherApps:YES];
-    }
+    NSWindow* window = windowOf(windowId);
+    NSEvent* event = NSApplication.sharedApplication.currentEvent;
+    if (window == nil || event == nil || event.type != NSEventTypeLeftMouseDown) return false;
+    [window performWindowDragWithEvent:event];
+    return true;
+  }
+}
+
+void activateApplication() {
+  @autoreleasepool {
+    // macOS 14 may decline to activate an application the user has not turned to; the click on
+    // the menu-bar item that leads here should count as turning to it.
+    [NSApplication.sharedApplication activate];
   }
 }
 

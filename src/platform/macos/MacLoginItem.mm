@@ -5,7 +5,7 @@
 
 #include <string>
 
-// SMAppService is macOS 13.0, the oldest release Brimly runs on: no availability check needed.
+// SMAppService is macOS 13.0, older than the deployment target: no availability check needed.
 
 namespace brimly {
 namespace {

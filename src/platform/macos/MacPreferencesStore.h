@@ -17,8 +17,8 @@ namespace brimly {
 // its own cache and never reports a damaged file, so readFailed() is always false: a damaged
 // domain simply reads as empty.
 //
-// Each write is synchronised at once. Thread-safe as the preferences system is; used on the main
-// thread.
+// Each write is synchronised at once; a write the preferences system could not save says so.
+// Thread-safe as the preferences system is; used on the main thread.
 class MacPreferencesStore final : public KeyValueStore {
  public:
   MacPreferencesStore();
@@ -26,8 +26,9 @@ class MacPreferencesStore final : public KeyValueStore {
 
   std::optional<bool> readBool(std::string_view key) const override;
   std::optional<std::vector<std::string>> readStringList(std::string_view key) const override;
-  void writeBool(std::string_view key, bool value) override;
-  void writeStringList(std::string_view key, const std::vector<std::string>& value) override;
+  std::optional<std::string> writeBool(std::string_view key, bool value) override;
+  std::optional<std::string> writeStringList(std::string_view key,
+                                             const std::vector<std::string>& value) override;
   bool readFailed() const override { return false; }
 
   const std::string& applicationDomain() const { return domain_; }

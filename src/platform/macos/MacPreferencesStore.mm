@@ -27,13 +27,20 @@ CFOwned<CFPropertyListRef> copyValue(const std::string& domain, std::string_view
   return CFOwned<CFPropertyListRef>(CFPreferencesCopyAppValue(cfKey.get(), cfDomain.get()));
 }
 
-// Stores `value` (borrowed) under `key` and writes the domain out at once.
-void storeValue(const std::string& domain, std::string_view key, CFPropertyListRef value) {
+// Stores `value` (borrowed) under `key` and writes the domain out at once; why not, when that
+// failed.
+std::optional<std::string> storeValue(const std::string& domain, std::string_view key,
+                                      CFPropertyListRef value) {
   const CFOwned<CFStringRef> cfKey = makeString(key);
   const CFOwned<CFStringRef> cfDomain = makeString(domain);
-  if (!cfKey || !cfDomain || value == nullptr) return;
+  if (!cfKey || !cfDomain || value == nullptr) {
+    return "the value of " + std::string(key) + " is not UTF-8 text";
+  }
   CFPreferencesSetAppValue(cfKey.get(), value, cfDomain.get());
-  CFPreferencesAppSynchronize(cfDomain.get());
+  if (!CFPreferencesAppSynchronize(cfDomain.get())) {
+    return "the preferences system could not save the domain " + domain;
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -67,25 +74,26 @@ std::optional<std::vector<std::string>> MacPreferencesStore::readStringList(
   return strings;
 }
 
-void MacPreferencesStore::writeBool(std::string_view key, bool value) {
-  storeValue(domain_, key, value ? kCFBooleanTrue : kCFBooleanFalse);
+std::optional<std::string> MacPreferencesStore::writeBool(std::string_view key, bool value) {
+  return storeValue(domain_, key, value ? kCFBooleanTrue : kCFBooleanFalse);
 }
 
-void MacPreferencesStore::writeStringList(std::string_view key,
-                                          const std::vector<std::string>& value) {
+std::optional<std::string> MacPreferencesStore::writeStringList(
+    std::string_view key, const std::vector<std::string>& value) {
   std::vector<CFOwned<CFStringRef>> owned;
   std::vector<const void*> elements;
   owned.reserve(value.size());
   elements.reserve(value.size());
   for (const std::string& text : value) {
     owned.push_back(makeString(text));
-    if (!owned.back()) return;  // not UTF-8: nothing is written rather than a shortened list
+    // Not UTF-8: nothing is written rather than a shortened list.
+    if (!owned.back()) return "an element of " + std::string(key) + " is not UTF-8 text";
     elements.push_back(owned.back().get());
   }
   const CFOwned<CFArrayRef> array(CFArrayCreate(kCFAllocatorDefault, elements.data(),
                                                 static_cast<CFIndex>(elements.size()),
                                                 &kCFTypeArrayCallBacks));
-  storeValue(domain_, key, array.get());
+  return storeValue(domain_, key, array.get());
 }
 
 }  // namespace brimly

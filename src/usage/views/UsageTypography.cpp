@@ -4,6 +4,10 @@
 #include <QPaintDevice>
 #include <QStringList>
 #include <initializer_list>
+#include <optional>
+#include <string>
+
+#include "platform/SystemFonts.h"
 
 namespace brimly {
 
@@ -53,14 +57,30 @@ Face firstInstalled(std::initializer_list<Face> preferred) {
 }  // namespace
 
 UsageTypography UsageTypography::system() {
+  // Looked up once: the system's fonts do not change while Brimly runs.
+  static const QString systemRounded = [] {
+    const std::optional<std::string> file = roundedSystemFontFile();
+    return file ? familyOfFontFile(QString::fromStdString(*file)) : QString();
+  }();
+  return preferring(systemRounded);
+}
+
+QString UsageTypography::familyOfFontFile(const QString& file) {
+  const int id = QFontDatabase::addApplicationFont(file);
+  const QStringList families = id < 0 ? QStringList() : QFontDatabase::applicationFontFamilies(id);
+  return families.isEmpty() ? QString() : families.first();
+}
+
+UsageTypography UsageTypography::preferring(const QString& systemRounded) {
   // Quicksand is drawn light: its bold has the stroke of another face's semibold (and it has no
   // semibold of its own).
-  const Face label = firstInstalled({{"SF Pro Rounded"},
-                                     {"Quicksand", QFont::Bold},
-                                     {"M PLUS Rounded 1c"},
-                                     {"Nunito"},
-                                     {"Inter"}});
+  Face label =
+      firstInstalled({{"Quicksand", QFont::Bold}, {"M PLUS Rounded 1c"}, {"Nunito"}, {"Inter"}});
   QString labelFamily = QString::fromLatin1(label.family);
+  if (!systemRounded.isEmpty()) {
+    labelFamily = systemRounded;
+    label.labelWeight = QFont::DemiBold;
+  }
   if (labelFamily.isEmpty())
     labelFamily = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
   QString monospace = QString::fromLatin1(firstInstalled({{"SF Mono"}, {"JetBrains Mono"}}).family);

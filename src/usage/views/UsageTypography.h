@@ -38,12 +38,16 @@ struct UsageTypography {
   // semibold in a family whose own weights are drawn lighter or heavier than usual.
   static UsageTypography of(const QString& label, const QString& monospace,
                             QFont::Weight labelWeight = QFont::DemiBold);
-  // The families this machine offers, the first installed of: for labels macOS's rounded system
-  // face, Quicksand (fonts-quicksand) or another rounded sans-serif, Inter (fonts-inter), then
-  // the default sans-serif; for
-  // values and details SF Mono, JetBrains Mono (fonts-jetbrains-mono), then the default
-  // fixed-pitch family.
+  // The families this machine offers: for labels the system's own rounded design (macOS's system
+  // font in its rounded design, as the platform hands its file over), else the first installed of
+  // Quicksand (fonts-quicksand) or another rounded sans-serif, Inter (fonts-inter), then the
+  // default sans-serif; for values and details the first installed of SF Mono, JetBrains Mono
+  // (fonts-jetbrains-mono), then the default fixed-pitch family.
   static UsageTypography system();
+  // The same, with `systemRounded` as the system's rounded design (empty where there is none).
+  static UsageTypography preferring(const QString& systemRounded);
+  // The family of the font in `file`, added to Qt's fonts once; empty when Qt cannot read it.
+  static QString familyOfFontFile(const QString& file);
 
   QFont labelFont(const QPaintDevice& device) const;
   QFont valueFont(const QPaintDevice& device) const;

@@ -4,15 +4,19 @@
 
 #include <QApplication>
 #include <QEnterEvent>
+#include <QFontMetricsF>
+#include <QLabel>
 #include <QPalette>
 #include <QSignalSpy>
 #include <QTest>
 #include <optional>
 
+#include "InstalledFaces.h"
 #include "ReferenceImage.h"
 #include "controlpanel/ControlPanelModel.h"
 #include "controlpanel/views/ActionButton.h"
 #include "controlpanel/views/ControlPanelWindow.h"
+#include "panel/views/QtGeometry.h"
 #include "ui/Switch.h"
 #include "ui/TextStyle.h"
 
@@ -54,10 +58,26 @@ TEST(ControlPanelView, TheCardIs264WideWithAnEighteenPointMarginAroundIt) {
 TEST(ControlPanelView, MatchesItsReferencePlainAndWithQuitHovered) {
   ControlPanelModel model(true, true, false, "0.1.0");
   ControlPanelView view(model);
-  EXPECT_TRUE(testing::matchesReference(onDesktop(view), referencePath("control-card.png")));
+  EXPECT_TRUE(testing::matchesReference(onDesktop(view), referencePath("control-card.png"),
+                                        testing::windowFaces));
   hover(view.button(3));
-  EXPECT_TRUE(
-      testing::matchesReference(onDesktop(view), referencePath("control-card-quit-hovered.png")));
+  EXPECT_TRUE(testing::matchesReference(
+      onDesktop(view), referencePath("control-card-quit-hovered.png"), testing::windowFaces));
+}
+
+TEST(ControlPanelView, TheFooterButtonsKeepNinePointsBesideTheirTitlesInTheFontsInUse) {
+  ControlPanelModel model(false, false, false, "0.1.0");
+  ControlPanelView view(model);
+  const QRect card = toQRectF(view.layout().card).toRect();
+  for (std::size_t i = 0; i < 4; ++i) {
+    const ActionButton& button = view.button(i);
+    const double title = QFontMetricsF(button.font(), &view).horizontalAdvance(button.text());
+    // The title's width is rounded up to whole points before the padding goes around it.
+    EXPECT_NEAR(button.width() - title, 18.0, 1.0) << button.text().toStdString();
+    EXPECT_TRUE(card.contains(button.geometry())) << button.text().toStdString();
+    EXPECT_EQ(button.y(), view.button(0).y()) << button.text().toStdString();
+  }
+  EXPECT_GE(view.button(3).geometry().right(), card.right() - 16);
 }
 
 TEST(ControlPanelView, SwitchesShowTheModelAndFollowItsChanges) {
@@ -128,21 +148,30 @@ TEST(ControlPanelView, ALongVersionKeepsTheCardsWidthAndOneLine) {
   EXPECT_EQ(a.sizeHint(), b.sizeHint());
 }
 
+// A whole palette of the system's light or dark appearance, every role set from one base colour.
+QPalette appearance(bool dark) {
+  return dark ? QPalette(QColor(40, 40, 40), QColor(30, 30, 30))
+              : QPalette(QColor(240, 240, 240), QColor(255, 255, 255));
+}
+
 TEST(ControlPanelView, LooksTheSameWhateverTheSystemAppearance) {
-  ControlPanelModel model(false, true, false, "1");
-  ControlPanelView view(model);
-  const QImage before = rendered(view);
   const QPalette original = QApplication::palette();
-  QPalette light;
-  light.setColor(QPalette::Window, Qt::white);
-  light.setColor(QPalette::WindowText, Qt::black);
-  light.setColor(QPalette::Text, Qt::black);
-  light.setColor(QPalette::Button, Qt::white);
-  QApplication::setPalette(light);
-  ControlPanelView lightView(model);
-  const QImage after = rendered(lightView);
+  ControlPanelModel model(false, true, false, "1");
+  std::optional<QImage> card[2];
+  std::optional<QImage> label[2];
+  for (const bool dark : {false, true}) {
+    QApplication::setPalette(appearance(dark));
+    ControlPanelView view(model);
+    card[dark] = rendered(view);
+    // A widget that does follow the system's appearance, to show that the two differ.
+    QLabel follower(QStringLiteral("Brimly"));
+    follower.setAutoFillBackground(true);
+    follower.resize(80, 20);
+    label[dark] = rendered(follower);
+  }
   QApplication::setPalette(original);
-  EXPECT_EQ(before, after);
+  ASSERT_NE(label[false], label[true]);
+  EXPECT_EQ(card[false], card[true]);
 }
 
 TEST(ControlPanelView, EveryControlIsReachedWithTabAndNamed) {

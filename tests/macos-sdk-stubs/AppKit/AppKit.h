@@ -19,6 +19,21 @@
                        alpha:(CGFloat)alpha;  // macOS 10.7
 @end
 
+// <AppKit/NSFontDescriptor.h>
+typedef NSString* NSFontDescriptorSystemDesign;
+extern NSFontDescriptorSystemDesign const NSFontDescriptorSystemDesignRounded;  // macOS 10.15
+@interface NSFontDescriptor : NSObject
+- (nullable NSFontDescriptor*)fontDescriptorWithDesign:
+    (NSFontDescriptorSystemDesign)design;  // macOS 10.15
+@end
+
+// <AppKit/NSFont.h>
+@interface NSFont : NSObject
++ (NSFont*)systemFontOfSize:(CGFloat)fontSize;
++ (nullable NSFont*)fontWithDescriptor:(NSFontDescriptor*)fontDescriptor size:(CGFloat)fontSize;
+@property(readonly, strong) NSFontDescriptor* fontDescriptor;
+@end
+
 // <AppKit/NSAppearance.h>
 typedef NSString* NSAppearanceName;
 extern NSAppearanceName const NSAppearanceNameDarkAqua;  // macOS 10.14
@@ -39,7 +54,19 @@ typedef NS_OPTIONS(unsigned long long, NSEventMask) {
   NSEventMaskOtherMouseDragged = 1ULL << 27,
 };
 
+typedef NS_ENUM(NSUInteger, NSEventType) {
+  NSEventTypeLeftMouseDown = 1,
+  NSEventTypeLeftMouseUp = 2,
+  NSEventTypeRightMouseDown = 3,
+  NSEventTypeRightMouseUp = 4,
+  NSEventTypeMouseMoved = 5,
+  NSEventTypeLeftMouseDragged = 6,
+  NSEventTypeRightMouseDragged = 7,
+  NSEventTypeKeyDown = 10,
+};
+
 @interface NSEvent : NSObject
+@property(readonly) NSEventType type;
 + (nullable id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask
                                              handler:(void (^)(NSEvent* event))block;
 + (nullable id)addLocalMonitorForEventsMatchingMask:(NSEventMask)mask
@@ -157,6 +184,7 @@ typedef NS_ENUM(NSInteger, NSWindowTitleVisibility) {
 - (NSRect)convertRectToScreen:(NSRect)rect;  // macOS 10.7
 - (void)makeKeyAndOrderFront:(nullable id)sender;
 - (void)orderFrontRegardless;
+- (void)performWindowDragWithEvent:(NSEvent*)event;  // macOS 10.11
 @end
 
 // <AppKit/NSScreen.h>
@@ -206,9 +234,17 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
 
 @interface NSApplication : NSResponder
 @property(class, readonly, strong) __kindof NSApplication* sharedApplication;
+@property(nullable, readonly, strong) NSEvent* currentEvent;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
-- (void)activateIgnoringOtherApps:(BOOL)ignoreOtherApps;  // deprecated in macOS 14
-- (void)activate;                                         // macOS 14.0
+// Deprecated from macOS 14 on: the SDK's API_DEPRECATED(macos(10.6, 14.0)) warns wherever the
+// deployment target (__MAC_OS_X_VERSION_MIN_REQUIRED) is 14.0 or later.
+#if __MAC_OS_X_VERSION_MIN_REQUIRED >= 140000
+- (void)activateIgnoringOtherApps:(BOOL)ignoreOtherApps
+    __attribute__((deprecated("first deprecated in macOS 14.0")));
+#else
+- (void)activateIgnoringOtherApps:(BOOL)ignoreOtherApps;
+#endif
+- (void)activate;  // macOS 14.0
 @end
 
 extern __kindof NSApplication* _Null_unspecified NSApp;

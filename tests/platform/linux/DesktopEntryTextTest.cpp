@@ -13,7 +13,7 @@ TEST(DesktopExecValueEdge, PathsThatCannotBeWrittenGiveNothing) {
   EXPECT_EQ(desktopExecValue(""), std::nullopt);
   EXPECT_EQ(desktopExecValue("brimly"), std::nullopt);
   EXPECT_EQ(desktopExecValue("bin/brimly"), std::nullopt);
-  EXPECT_EQ(desktopExecValue("/opt/a=b/brimly"), std::nullopt);
+  EXPECT_EQ(desktopExecValue("/opt/caf\xe9/brimly"), std::nullopt);  // not UTF-8
   EXPECT_EQ(desktopExecValue("/opt/a\rb/brimly"), std::nullopt);
   EXPECT_EQ(desktopExecValue("/opt/a\x01"
                              "b/brimly"),
@@ -46,9 +46,16 @@ TEST(DesktopExecValue, QuotesDollarsBackticksAndBackslashesAreEscapedTwice) {
   EXPECT_EQ(desktopExecValue(R"(/tmp/a\b/brimly)"), R"("/tmp/a\\\\b/brimly")");
 }
 
-TEST(DesktopExecValue, PercentSignsAreDoubledSoTheyAreNoFieldCodes) {
-  EXPECT_EQ(desktopExecValue("/tmp/100%/brimly"), "/tmp/100%%/brimly");
-  EXPECT_EQ(desktopExecValue("/tmp/100% sure/brimly"), R"("/tmp/100%% sure/brimly")");
+TEST(DesktopExecValue, PathWithAPercentSignIsHandedToShDoubledSoItIsNoFieldCode) {
+  // GLib looks for the program under the first word before it turns "%%" into "%".
+  EXPECT_EQ(desktopExecValue("/tmp/100%/brimly"), R"(sh -c "exec \\"\\$0\\"" "/tmp/100%%/brimly")");
+  EXPECT_EQ(desktopExecValue("/tmp/100% sure/brimly"),
+            R"(sh -c "exec \\"\\$0\\"" "/tmp/100%% sure/brimly")");
+}
+
+TEST(DesktopExecValue, PathWithAnEqualsSignIsHandedToSh) {
+  // The format allows no '=' in the program, only in its arguments.
+  EXPECT_EQ(desktopExecValue("/opt/a=b/brimly"), R"(sh -c "exec \\"\\$0\\"" "/opt/a=b/brimly")");
 }
 
 const char* const kEntry =

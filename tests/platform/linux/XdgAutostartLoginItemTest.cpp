@@ -1,6 +1,7 @@
 #include "platform/linux/XdgAutostartLoginItem.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -10,11 +11,14 @@
 #include <QFileInfo>
 #include <string>
 
+#include "AnotherUser.h"
+#include "EnvironmentOverride.h"
 #include "TemporaryTree.h"
 
 namespace brimly {
 namespace {
 
+using testing::EnvironmentOverride;
 using testing::TemporaryTree;
 using namespace std::string_literals;
 
@@ -25,8 +29,9 @@ class XdgAutostartLoginItemTest : public ::testing::Test {
   QString configHome() const { return QString::fromStdString(tree_.root()) + "/config"; }
   QString entryPath() const { return configHome() + "/" + kEntryName; }
   XdgAutostartLoginItem item(const QString& program = "/usr/bin/brimly") const {
-    return XdgAutostartLoginItem(configHome(), program);
+    return XdgAutostartLoginItem(bytes(configHome()), bytes(program));
   }
+  static std::string bytes(const QString& path) { return QFile::encodeName(path).toStdString(); }
   void writeEntry(const std::string& text) const {
     tree_.write(std::string("config/") + kEntryName, text);
   }
@@ -53,7 +58,7 @@ class XdgAutostartLoginItemTest : public ::testing::Test {
 
 TEST_F(XdgAutostartLoginItemTest, MissingEntryIsOff) {
   EXPECT_FALSE(item().isEnabled());
-  EXPECT_EQ(item().entryPath(), entryPath());
+  EXPECT_EQ(item().entryPath(), bytes(entryPath()));
 }
 
 TEST_F(XdgAutostartLoginItemTest, EmptyOrGarbageEntryIsOff) {
@@ -70,8 +75,7 @@ TEST_F(XdgAutostartLoginItemTest, DirectoryInPlaceOfTheEntryIsOffAndCannotBeRepl
 
   const std::optional<std::string> enabling = login.setEnabled(true);
   ASSERT_TRUE(enabling.has_value());
-  EXPECT_NE(enabling->find("cannot write " + entryPath().toStdString() + ": "), std::string::npos)
-      << *enabling;
+  EXPECT_EQ(*enabling, bytes(entryPath()) + " is not a regular file");
 
   const std::optional<std::string> disabling = login.setEnabled(false);
   ASSERT_TRUE(disabling.has_value());
@@ -168,7 +172,7 @@ TEST_F(XdgAutostartLoginItemTest, UncreatableConfigFolderIsReported) {
   ASSERT_EQ(::chmod(QFile::encodeName(locked).constData(), 0500), 0);
   if (!permissionsHold(locked)) GTEST_SKIP() << "this user writes anywhere (superuser)";
 
-  XdgAutostartLoginItem login(locked + "/config", "/usr/bin/brimly");
+  XdgAutostartLoginItem login(bytes(locked + "/config"), "/usr/bin/brimly");
   EXPECT_EQ(login.setEnabled(true),
             "cannot create " + locked.toStdString() + "/config: " + "Permission denied");
 }
@@ -210,13 +214,61 @@ TEST_F(XdgAutostartLoginItemTest, ProgramPathWithSpacesAndQuotesIsQuoted) {
       << entryText().toStdString();
 }
 
-TEST_F(XdgAutostartLoginItemTest, ProgramPathThatCannotBeWrittenIsReported) {
-  for (const QString& program : {QString(), QString("brimly"), QString("/opt/a=b/brimly")}) {
-    const std::optional<std::string> failure = item(program).setEnabled(true);
-    ASSERT_TRUE(failure.has_value()) << program.toStdString();
-    EXPECT_EQ(failure->rfind("cannot write " + entryPath().toStdString() + ": ", 0), 0u);
+TEST_F(XdgAutostartLoginItemTest, ProgramPathThatCannotBeWrittenIsReportedByName) {
+  for (const std::string& program : {std::string(), std::string("brimly"),
+                                     std::string("/opt/a\x01"
+                                                 "b/brimly")}) {
+    const std::optional<std::string> failure =
+        XdgAutostartLoginItem(bytes(configHome()), program).setEnabled(true);
+    ASSERT_TRUE(failure.has_value()) << program;
+    EXPECT_EQ(*failure, "cannot write " + bytes(entryPath()) + ": the program path \"" + program +
+                            "\" cannot be started from a desktop entry");
     EXPECT_FALSE(QFileInfo::exists(entryPath()));
   }
+}
+
+TEST_F(XdgAutostartLoginItemTest, NonUtf8ProgramPathIsNamedByItsBytes) {
+  // A desktop entry is UTF-8 text: no launcher could read such a path back.
+  const std::optional<std::string> failure =
+      XdgAutostartLoginItem(bytes(configHome()), "/opt/caf\xe9/brimly").setEnabled(true);
+  EXPECT_EQ(failure, "cannot write " + bytes(entryPath()) +
+                         R"(: the program path "/opt/caf\xe9/brimly" cannot be started from a )"
+                         "desktop entry");
+}
+
+TEST_F(XdgAutostartLoginItemTest, LinkAtTheEntryPathIsNeverWrittenThrough) {
+  tree_.write("home/.bashrc", "export PATH\n");
+  tree_.makeSymlink(std::string("config/") + kEntryName, tree_.root() + "/home/.bashrc");
+  XdgAutostartLoginItem login = item();
+  EXPECT_EQ(login.setEnabled(true), bytes(entryPath()) + " is a symbolic link");
+  EXPECT_FALSE(login.isEnabled());
+  QFile target(QString::fromStdString(tree_.root()) + "/home/.bashrc");
+  ASSERT_TRUE(target.open(QIODevice::ReadOnly));
+  EXPECT_EQ(target.readAll(), "export PATH\n");
+
+  // Switching off removes the link itself, never what it leads to.
+  EXPECT_EQ(login.setEnabled(false), std::nullopt);
+  EXPECT_FALSE(QFileInfo(entryPath()).isSymLink());
+  EXPECT_TRUE(target.exists());
+}
+
+TEST_F(XdgAutostartLoginItemTest, DanglingLinkAtTheEntryPathMakesNoFileOutsideTheFolder) {
+  tree_.makeDirectory("outside");
+  const QString outside = QString::fromStdString(tree_.root()) + "/outside/made.desktop";
+  tree_.makeSymlink(std::string("config/") + kEntryName, bytes(outside));
+  EXPECT_EQ(item().setEnabled(true), bytes(entryPath()) + " is a symbolic link");
+  EXPECT_FALSE(QFileInfo::exists(outside));
+  EXPECT_FALSE(item().isEnabled());
+}
+
+TEST_F(XdgAutostartLoginItemTest, EntryOfAnotherUserIsNotReplaced) {
+  if (!testing::canActAsAnotherUser()) GTEST_SKIP() << testing::kNeedsTheSuperuser;
+  writeEntry("[Desktop Entry]\nExec=/home/other/run-this\n");
+  ASSERT_EQ(::chown(QFile::encodeName(entryPath()).constData(), testing::kAnotherUser,
+                    testing::kAnotherUser),
+            0);
+  EXPECT_EQ(item().setEnabled(true), bytes(entryPath()) + " belongs to another user");
+  EXPECT_TRUE(entryText().contains("/home/other/run-this"));
 }
 
 TEST_F(XdgAutostartLoginItemTest, EnablingTwiceKeepsOneEntry) {
@@ -266,9 +318,9 @@ TEST_F(XdgAutostartLoginItemTest, ChangesMadeElsewhereShowAtOnce) {
 }
 
 TEST(XdgAutostartLoginItemEdge, WithoutAConfigFolderNothingCanBeEnabled) {
-  for (const QString& configHome : {QString(), QString("relative/config")}) {
+  for (const std::string& configHome : {std::string(), std::string("relative/config")}) {
     XdgAutostartLoginItem login(configHome, "/usr/bin/brimly");
-    EXPECT_EQ(login.entryPath(), QString());
+    EXPECT_EQ(login.entryPath(), std::string());
     EXPECT_FALSE(login.isEnabled());
     const std::optional<std::string> failure = login.setEnabled(true);
     ASSERT_TRUE(failure.has_value());
@@ -285,49 +337,6 @@ TEST(XdgAutostartLoginItemEdge, ConfigFolderPathIsTidied) {
             "/home/ann/.config/autostart/app.brimly.Brimly.desktop");
 }
 
-TEST(XdgAutostartConfigHome, XdgConfigHomeComesFirst) {
-  EXPECT_EQ(XdgAutostartLoginItem::chooseConfigHome("/srv/conf", "/home/ann"), "/srv/conf");
-  EXPECT_EQ(XdgAutostartLoginItem::chooseConfigHome("/srv//conf/", "/home/ann"), "/srv/conf");
-}
-
-TEST(XdgAutostartConfigHome, UnsetEmptyOrRelativeXdgConfigHomeFallsBackToHome) {
-  EXPECT_EQ(XdgAutostartLoginItem::chooseConfigHome("", "/home/ann"), "/home/ann/.config");
-  EXPECT_EQ(XdgAutostartLoginItem::chooseConfigHome("conf", "/home/ann/"), "/home/ann/.config");
-  EXPECT_EQ(XdgAutostartLoginItem::chooseConfigHome("~/.config", "/home/ann"), "/home/ann/.config");
-}
-
-TEST(XdgAutostartConfigHome, NoUsableValueGivesNone) {
-  EXPECT_EQ(XdgAutostartLoginItem::chooseConfigHome("", ""), QString());
-  EXPECT_EQ(XdgAutostartLoginItem::chooseConfigHome("conf", "home/ann"), QString());
-}
-
-// Sets environment variables for one test and puts the old values back.
-class EnvironmentOverride {
- public:
-  EnvironmentOverride(const char* name, const QByteArray& value)
-      : name_(name), had_(qEnvironmentVariableIsSet(name)), old_(qgetenv(name)) {
-    if (value.isNull()) {
-      qunsetenv(name);
-    } else {
-      qputenv(name, value);
-    }
-  }
-  ~EnvironmentOverride() {
-    if (had_) {
-      qputenv(name_, old_);
-    } else {
-      qunsetenv(name_);
-    }
-  }
-  EnvironmentOverride(const EnvironmentOverride&) = delete;
-  EnvironmentOverride& operator=(const EnvironmentOverride&) = delete;
-
- private:
-  const char* name_;
-  bool had_;
-  QByteArray old_;
-};
-
 TEST(XdgAutostartForThisUser, EntryGoesBelowXdgConfigHome) {
   const EnvironmentOverride config("XDG_CONFIG_HOME", "/srv/conf");
   const EnvironmentOverride home("HOME", "/home/ann");
@@ -342,12 +351,29 @@ TEST(XdgAutostartForThisUser, EntryGoesBelowHomeWithoutXdgConfigHome) {
             "/home/ann/.config/autostart/app.brimly.Brimly.desktop");
 }
 
+TEST(XdgAutostartForThisUser, RelativeXdgConfigHomeIsIgnoredAndANonUtf8OneIsUsedAsItIs) {
+  // The same folder the settings store takes (QSettingsStoreTest checks it there).
+  {
+    const EnvironmentOverride config("XDG_CONFIG_HOME", "relative/config");
+    const EnvironmentOverride home("HOME", "/home/ann");
+    EXPECT_EQ(XdgAutostartLoginItem::forThisUser("/usr/bin/brimly")->entryPath(),
+              "/home/ann/.config/autostart/app.brimly.Brimly.desktop");
+  }
+  TemporaryTree tree;
+  const std::string strange = tree.root() + "/conf-\xff";
+  const EnvironmentOverride config("XDG_CONFIG_HOME", QByteArray::fromStdString(strange));
+  const auto login = XdgAutostartLoginItem::forThisUser("/usr/bin/brimly");
+  EXPECT_EQ(login->setEnabled(true), std::nullopt);
+  EXPECT_EQ(::access((strange + "/autostart/app.brimly.Brimly.desktop").c_str(), R_OK), 0);
+  EXPECT_TRUE(login->isEnabled());
+}
+
 TEST(XdgAutostartForThisUser, StartsTheGivenProgram) {
   TemporaryTree tree;
   const EnvironmentOverride config("XDG_CONFIG_HOME", QByteArray::fromStdString(tree.root()));
   const auto login = XdgAutostartLoginItem::forThisUser("/opt/brimly/bin/brimly");
   ASSERT_EQ(login->setEnabled(true), std::nullopt);
-  QFile file(login->entryPath());
+  QFile file(QString::fromStdString(login->entryPath()));
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
   EXPECT_TRUE(file.readAll().contains("\nExec=/opt/brimly/bin/brimly\n"));
 }

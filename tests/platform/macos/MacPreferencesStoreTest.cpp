@@ -74,9 +74,9 @@ TEST_F(MacPreferencesStoreTest, AbsentKeysReadAsNothing) {
 
 TEST_F(MacPreferencesStoreTest, BooleansAndListsComeBackAsWritten) {
   MacPreferencesStore store = makeStore();
-  store.writeBool("isPinned", true);
-  store.writeBool("useFahrenheit", false);
-  store.writeStringList("metricOrder", {"gpu", "cpu", "temperature"});
+  EXPECT_EQ(store.writeBool("isPinned", true), std::nullopt);
+  EXPECT_EQ(store.writeBool("useFahrenheit", false), std::nullopt);
+  EXPECT_EQ(store.writeStringList("metricOrder", {"gpu", "cpu", "temperature"}), std::nullopt);
   EXPECT_EQ(store.readBool("isPinned"), true);
   EXPECT_EQ(store.readBool("useFahrenheit"), false);
   EXPECT_EQ(store.readStringList("metricOrder"), (Strings{"gpu", "cpu", "temperature"}));
@@ -89,9 +89,9 @@ TEST_F(MacPreferencesStoreTest, BooleansAndListsComeBackAsWritten) {
 
 TEST_F(MacPreferencesStoreTest, ListsKeepUtf8TextAndMayBeEmpty) {
   MacPreferencesStore store = makeStore();
-  store.writeStringList("metricOrder", {"Temp\u00e9rature", ""});
+  EXPECT_EQ(store.writeStringList("metricOrder", {"Temp\u00e9rature", ""}), std::nullopt);
   EXPECT_EQ(store.readStringList("metricOrder"), (Strings{"Temp\u00e9rature", ""}));
-  store.writeStringList("metricOrder", {});
+  EXPECT_EQ(store.writeStringList("metricOrder", {}), std::nullopt);
   EXPECT_EQ(store.readStringList("metricOrder"), Strings{});
 }
 

@@ -1,11 +1,10 @@
 #include "platform/x11/X11PointerPort.h"
 
 #include <gtest/gtest.h>
-#include <xcb/xcb.h>
-#include <xcb/xtest.h>
 
 #include <QTest>
 
+#include "X11TestRequests.h"
 #include "XvfbServer.h"
 #include "platform/x11/X11Connection.h"
 
@@ -23,17 +22,8 @@ std::optional<Point> flipped(Point rootPixels) {
   return Point{rootPixels.x, kHeight - rootPixels.y};
 }
 
-// Moves the pointer the way a real device does: through the XTEST extension, which makes the
-// server produce raw motion events (a plain warp would not).
 void fakeMotion(const std::string& display, int x, int y) {
-  X11Connection connection(display);
-  ASSERT_TRUE(connection.isValid());
-  xcb_connection_t* c = connection.get();
-  xcb_generic_error_t* error =
-      xcb_request_check(c, xcb_test_fake_input_checked(
-                               c, XCB_MOTION_NOTIFY, 0, XCB_CURRENT_TIME, connection.rootWindow(),
-                               static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), 0));
-  ASSERT_EQ(error, nullptr);
+  testing::movePointer(X11Connection(display), x, y);
 }
 
 class X11PointerPortTest : public ::testing::Test {

@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+#include "InstalledFaces.h"
 #include "ReferenceImage.h"
 #include "SettingsWorld.h"
 #include "settingswindow/SettingsTheme.h"
@@ -117,18 +118,21 @@ TEST_F(SettingsViewTest, SelectedTabIsDrawnInTheAccentTheOthersSecondary) {
 TEST_F(SettingsViewTest, GeneralMatchesItsReference) {
   world.control.setPinned(true);
   world.control.setUseFahrenheit(true);
-  EXPECT_TRUE(testing::matchesReference(rendered(view), referencePath("settings-general.png")));
+  EXPECT_TRUE(testing::matchesReference(rendered(view), referencePath("settings-general.png"),
+                                        testing::windowAndRoundedFaces));
 }
 
 TEST_F(SettingsViewTest, MetricsWithOneMetricHiddenMatchesItsReference) {
   world.settings.setMetric(MetricKind::disk, false);
   view.setTab(SettingsTab::metrics);
-  EXPECT_TRUE(testing::matchesReference(rendered(view), referencePath("settings-metrics.png")));
+  EXPECT_TRUE(testing::matchesReference(rendered(view), referencePath("settings-metrics.png"),
+                                        testing::windowAndRoundedFaces));
 }
 
 TEST_F(SettingsViewTest, AppearanceMatchesItsReference) {
   view.setTab(SettingsTab::appearance);
-  EXPECT_TRUE(testing::matchesReference(rendered(view), referencePath("settings-appearance.png")));
+  EXPECT_TRUE(testing::matchesReference(rendered(view), referencePath("settings-appearance.png"),
+                                        testing::windowAndRoundedFaces));
 }
 
 TEST_F(SettingsViewTest, AppearancePaletteIsTheAccentAt70Percent) {

@@ -7,10 +7,14 @@
 #include <QTest>
 
 #include "SettingsWorld.h"
+#include "WindowColours.h"
+#include "settingswindow/SettingsTheme.h"
 #include "settingswindow/views/MetricsTab.h"
 #include "settingswindow/views/SettingsView.h"
 #include "settingswindow/views/SettingsWindow.h"
 #include "settingswindow/views/TabButton.h"
+#include "ui/TextStyle.h"
+#include "usage/views/QtColor.h"
 
 namespace brimly {
 namespace {
@@ -145,10 +149,8 @@ TEST_F(SettingsWindowControllerTest, TheDesktopIsToldOnceOfTheWindowAndOfEverySh
 
 TEST_F(SettingsWindowControllerTest, TheWindowIsDrawnDarkOnTheSurfaceColour) {
   controller.show();
-  const QPalette palette = controller.window()->palette();
-  const QColor window = palette.color(QPalette::Window);
-  EXPECT_LT(window.lightness(), 60);
-  EXPECT_GT(palette.color(QPalette::WindowText).lightness(), 180);
+  testing::expectDrawnOnSurface(*controller.window(), toQColor(SettingsTheme::surface),
+                                textColor(TextStyle::primary));
 }
 
 }  // namespace

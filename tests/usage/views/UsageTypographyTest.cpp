@@ -2,26 +2,90 @@
 
 #include <gtest/gtest.h>
 
+#include <QFileInfo>
+#include <QFontDatabase>
 #include <QImage>
+#include <optional>
+#include <utility>
 
+#include "InstalledFaces.h"
 #include "ReferenceTypography.h"
 
 namespace brimly {
 namespace {
 
+// An installed family with an upright regular and bold face and none between them, as DejaVu Sans,
+// Nimbus Sans and Helvetica are; nothing when there is none.
+std::optional<QString> familyWithoutSemiboldOrMedium() {
+  for (const QString& family : QFontDatabase::families()) {
+    bool regular = false;
+    bool bold = false;
+    bool between = false;
+    for (const QString& style : QFontDatabase::styles(family)) {
+      if (QFontDatabase::italic(family, style)) continue;
+      const int weight = QFontDatabase::weight(family, style);
+      regular = regular || weight == QFont::Normal;
+      bold = bold || weight == QFont::Bold;
+      between = between || (weight > QFont::Normal && weight < QFont::Bold);
+    }
+    if (regular && bold && !between) return family;
+  }
+  return std::nullopt;
+}
+
 TEST(UsageTypographyTest, AFamilyWithoutASemiboldIsDrawnAtItsNearestLighterWeight) {
-  // DejaVu Sans has a book and a bold face: semibold would borrow the far heavier bold.
-  const UsageTypography fallback = testing::fallbackTypography();
-  EXPECT_EQ(fallback.labelWeight, QFont::Normal);
-  EXPECT_EQ(fallback.valueWeight, QFont::Normal);
-  EXPECT_EQ(fallback.detailWeight, QFont::Normal);
+  // Semibold and medium would borrow the far heavier bold.
+  const std::optional<QString> family = familyWithoutSemiboldOrMedium();
+  if (!family) GTEST_SKIP() << "no installed family has a regular and a bold face and none between";
+  const UsageTypography typography = UsageTypography::of(*family, *family);
+  EXPECT_EQ(typography.labelWeight, QFont::Normal) << family->toStdString();
+  EXPECT_EQ(typography.valueWeight, QFont::Normal) << family->toStdString();
+  EXPECT_EQ(typography.detailWeight, QFont::Normal) << family->toStdString();
+  EXPECT_EQ(typography.dashWeight, QFont::Normal) << family->toStdString();
 }
 
 TEST(UsageTypographyTest, TheDesignedFacesKeepTheirWeights) {
+  if (const auto missing = testing::missingFaces(testing::panelFaces)) GTEST_SKIP() << *missing;
   const UsageTypography designed = testing::designedTypography();
   EXPECT_EQ(designed.labelWeight, QFont::Bold);
   EXPECT_EQ(designed.valueWeight, QFont::Medium);
   EXPECT_EQ(designed.detailWeight, QFont::Normal);
+}
+
+TEST(UsageTypographyTest, TheSystemsRoundedDesignComesFirstForTheLabels) {
+  // Any installed family stands in for the rounded design macOS hands over.
+  const QStringList installed = QFontDatabase::families();
+  ASSERT_FALSE(installed.isEmpty());
+  const UsageTypography typography = UsageTypography::preferring(installed.last());
+  EXPECT_EQ(typography.labelFamily, installed.last());
+  EXPECT_EQ(typography.dashWeight, UsageTypography::of(installed.last(), {}).dashWeight);
+}
+
+TEST(UsageTypographyTest, WithoutItTheFirstInstalledRoundedFamilyStandsIn) {
+  if (const auto missing = testing::missingFaces({"Quicksand"})) GTEST_SKIP() << *missing;
+  const UsageTypography typography = UsageTypography::preferring({});
+  EXPECT_EQ(typography.labelFamily, QStringLiteral("Quicksand"));
+  EXPECT_EQ(typography.labelWeight, QFont::Bold);
+}
+
+TEST(UsageTypographyTest, AFontFileIsLoadedUnderItsOwnFamily) {
+  // Files that scripts/install-deps installs, and one every Mac has.
+  const std::pair<const char*, const char*> known[] = {
+      {"/usr/share/fonts/opentype/urw-base35/NimbusSans-Regular.otf", "Nimbus Sans"},
+      {"/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", "DejaVu Sans"},
+      {"/System/Library/Fonts/Helvetica.ttc", "Helvetica"}};
+  for (const auto& [file, family] : known) {
+    if (!QFileInfo::exists(QString::fromLatin1(file))) continue;
+    EXPECT_EQ(UsageTypography::familyOfFontFile(QString::fromLatin1(file)),
+              QString::fromLatin1(family));
+    return;
+  }
+  GTEST_SKIP() << "none of the font files this test knows is on this machine";
+}
+
+TEST(UsageTypographyTest, AFileThatIsNoFontGivesNoFamily) {
+  EXPECT_TRUE(UsageTypography::familyOfFontFile(QStringLiteral("/no/such/font.ttf")).isEmpty());
+  EXPECT_TRUE(UsageTypography::familyOfFontFile(QStringLiteral(__FILE__)).isEmpty());
 }
 
 TEST(UsageTypographyTest, AFamilyThatIsNotInstalledKeepsTheWeightsAskedFor) {

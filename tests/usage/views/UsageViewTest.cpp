@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <cmath>
 
+#include "InstalledFaces.h"
 #include "ReferenceImage.h"
 #include "ReferenceTypography.h"
 #include "usage/Theme.h"
@@ -297,7 +298,8 @@ TEST_F(UsageViewTest, ChangingTheOrderAsksForANewSize) {
 TEST_F(UsageViewTest, MatchesTheReferenceRenderings) {
   const QString dir = BRIMLY_REFERENCE_DIR;
   view.setSample(busyLaptop());
-  EXPECT_TRUE(testing::matchesReference(renderOnBlack(view), dir + "/usage-grid-six.png"));
+  EXPECT_TRUE(testing::matchesReference(renderOnBlack(view), dir + "/usage-grid-six.png",
+                                        testing::panelFaces));
 
   MetricSample charging = busyLaptop();
   charging.cpu = 0.0;
@@ -308,7 +310,8 @@ TEST_F(UsageViewTest, MatchesTheReferenceRenderings) {
   view.setUseFahrenheit(true);
   view.setMetricOrder({MetricKind::pwr, MetricKind::gpu, MetricKind::cpu, MetricKind::temp});
   view.setSample(charging);
-  EXPECT_TRUE(testing::matchesReference(renderOnBlack(view), dir + "/usage-grid-four.png"));
+  EXPECT_TRUE(testing::matchesReference(renderOnBlack(view), dir + "/usage-grid-four.png",
+                                        testing::panelFaces));
 }
 
 // Where neither designed face is installed the grid still draws in plain weights, never in a
@@ -318,8 +321,9 @@ TEST_F(UsageViewTest, MatchesTheReferenceRenderingInTheFallbackFaces) {
   MetricSample sample = busyLaptop();
   sample.gpu.reset();
   fallback.setSample(sample);
-  EXPECT_TRUE(testing::matchesReference(
-      renderOnBlack(fallback), QString(BRIMLY_REFERENCE_DIR) + "/usage-grid-fallback.png"));
+  EXPECT_TRUE(testing::matchesReference(renderOnBlack(fallback),
+                                        QString(BRIMLY_REFERENCE_DIR) + "/usage-grid-fallback.png",
+                                        testing::panelFallbackFaces));
 }
 
 }  // namespace
