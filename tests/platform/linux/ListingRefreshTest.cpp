@@ -11,18 +11,25 @@ namespace {
 
 constexpr double interval = ListingRefresh::intervalSeconds;
 
-TEST(ListingRefresh, TheFirstReadingLists) {
+// A listing on a hand-driven clock, made for the first time at `start`.
+class ListingRefreshTest : public ::testing::Test {
+ protected:
+  void listFirstAt(double start) {
+    clock.setNow(start);
+    ASSERT_TRUE(listing.due());
+  }
+
   testing::FakeClock clock;
-  ListingRefresh listing(clock);
+  ListingRefresh listing{clock};
+};
+
+TEST_F(ListingRefreshTest, TheFirstReadingLists) {
   EXPECT_TRUE(listing.due());
   EXPECT_FALSE(listing.due());
 }
 
-TEST(ListingRefresh, ListsAgainOnceTheIntervalHasPassedSinceTheLastListing) {
-  testing::FakeClock clock;
-  clock.setNow(100.0);
-  ListingRefresh listing(clock);
-  ASSERT_TRUE(listing.due());
+TEST_F(ListingRefreshTest, ListsAgainOnceTheIntervalHasPassedSinceTheLastListing) {
+  listFirstAt(100.0);
   clock.setNow(100.0 + interval - 0.5);
   EXPECT_FALSE(listing.due());
   clock.setNow(100.0 + interval);
@@ -34,20 +41,15 @@ TEST(ListingRefresh, ListsAgainOnceTheIntervalHasPassedSinceTheLastListing) {
   EXPECT_TRUE(listing.due());
 }
 
-TEST(ListingRefresh, AnEntryGoneAsksForTheNextReadingToList) {
-  testing::FakeClock clock;
-  ListingRefresh listing(clock);
-  ASSERT_TRUE(listing.due());
+TEST_F(ListingRefreshTest, AnEntryGoneAsksForTheNextReadingToList) {
+  listFirstAt(0.0);
   listing.entryGone();
   EXPECT_TRUE(listing.due());
   EXPECT_FALSE(listing.due());
 }
 
-TEST(ListingRefresh, AClockThatWentBackOrReadsNoNumberLists) {
-  testing::FakeClock clock;
-  clock.setNow(50.0);
-  ListingRefresh listing(clock);
-  ASSERT_TRUE(listing.due());
+TEST_F(ListingRefreshTest, AClockThatWentBackOrReadsNoNumberLists) {
+  listFirstAt(50.0);
   clock.setNow(40.0);
   EXPECT_TRUE(listing.due());
   clock.setNow(std::numeric_limits<double>::quiet_NaN());
