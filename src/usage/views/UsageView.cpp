@@ -15,13 +15,13 @@ namespace brimly {
 
 namespace {
 
-// The whole pixels `rect` (in a cell) touches inside the grid, with a pixel to spare on every side
-// for antialiased edges.
 // Two bar values are the same value; not a number is the same as itself.
 bool sameValue(double a, double b) {
   return a == b || (std::isnan(a) && std::isnan(b));
 }
 
+// The whole pixels `rect` (in a cell) touches inside the grid, with a pixel to spare on every side
+// for antialiased edges.
 QRect repaintArea(const Rect& rect, const CellPlacement& placement) {
   return toQRectF(rect)
       .translated(placement.frame.x, placement.frame.y)
@@ -34,7 +34,6 @@ const QColor& secondaryText() {
   static const QColor colour = toQColor(Theme::secondaryForeground);
   return colour;
 }
-
 
 // Draws `line` with its line box at `frame`, in a font of `ascent`.
 void drawLine(QPainter& painter, const Rect& frame, double ascent, const ShapedLines::Line& line,
@@ -296,7 +295,8 @@ void UsageView::paintEvent(QPaintEvent* event) {
 void UsageView::paintHeader(QPainter& painter, const QRegion& region,
                             const CellPlacement& placement, std::size_t cell, double now) {
   const QPaintDevice& device = *painter.device();
-  const ShapedLines::Line& label = labels_.line(styles_[cell].label, fonts_.on(device).label, device);
+  const ShapedLines::Line& label =
+      labels_.line(styles_[cell].label, fonts_.on(device).label, device);
   const Rect labelFrame = cell_.labelFrame({label.advance, labels_.height()});
   if (region.intersects(repaintArea(labelFrame, placement))) {
     drawLine(painter, labelFrame, labels_.ascent(), label, secondaryText());

@@ -35,8 +35,7 @@ class ValueTextRenderer {
   std::vector<Placed> place(const std::string& previous, const std::string& current, long step,
                             const CellGeometry& cell, const QPaintDevice& device);
   // How wide the value is at any step from `previous` to `current` on `device`: the wider text.
-  double width(const std::string& previous, const std::string& current,
-               const QPaintDevice& device);
+  double width(const std::string& previous, const std::string& current, const QPaintDevice& device);
   // Draws them in the primary colour.
   void paint(QPainter& painter, const std::string& previous, const std::string& current, long step,
              const CellGeometry& cell);

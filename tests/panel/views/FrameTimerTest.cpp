@@ -30,7 +30,8 @@ TEST(FrameTimer, SkippedFramesAreFollowedByTheNormalPace) {
 TEST(FrameTimer, AFrameSaysWhenTheNextOneComes) {
   FrameTimer timer(33);
   int skip = 3;
-  QObject::connect(&timer, &FrameTimer::frame, [&timer, &skip](double) { timer.resumeAfter(skip); });
+  QObject::connect(&timer, &FrameTimer::frame,
+                   [&timer, &skip](double) { timer.resumeAfter(skip); });
   timer.run();
   timer.tick();
   EXPECT_EQ(timer.msToNextFrame(), 99);

@@ -17,7 +17,8 @@ using Descriptions = std::vector<std::optional<PropertyDict>>;
 const testing::FakeClock stillClock;
 
 Descriptions descriptionsOf(std::string_view fixture) {
-  auto descriptions = LinuxPowerSourcePort(recordingFixture(fixture), stillClock).readPowerSourceDescriptions();
+  auto descriptions =
+      LinuxPowerSourcePort(recordingFixture(fixture), stillClock).readPowerSourceDescriptions();
   EXPECT_TRUE(descriptions.has_value());
   return descriptions.value_or(Descriptions{});
 }
@@ -43,8 +44,9 @@ TEST(LinuxPowerSourcePort, IntelLaptopDischargingWithAnUnsignedCurrent) {
 }
 
 TEST(LinuxPowerSourcePort, IntelLaptopSmartBattery) {
-  const auto properties = LinuxPowerSourcePort(recordingFixture("intel-laptop-discharging"), stillClock)
-                              .readSmartBatteryProperties();
+  const auto properties =
+      LinuxPowerSourcePort(recordingFixture("intel-laptop-discharging"), stillClock)
+          .readSmartBatteryProperties();
   const PropertyDict expected{
       {"Voltage", std::int64_t{11850}},         {"Amperage", std::int64_t{-1450}},
       {"InstantAmperage", std::int64_t{-1450}}, {"CycleCount", std::int64_t{211}},
@@ -73,8 +75,8 @@ TEST(LinuxPowerSourcePort, AmdLaptopChargingDerivesCurrentFromPower) {
 }
 
 TEST(LinuxPowerSourcePort, AmdLaptopSmartBatteryHasNoChargeCapacities) {
-  const auto properties =
-      LinuxPowerSourcePort(recordingFixture("amd-laptop-charging"), stillClock).readSmartBatteryProperties();
+  const auto properties = LinuxPowerSourcePort(recordingFixture("amd-laptop-charging"), stillClock)
+                              .readSmartBatteryProperties();
   ASSERT_TRUE(properties.has_value());
   EXPECT_EQ(properties->integer("Voltage"), 16932);
   EXPECT_EQ(properties->integer("Amperage"), 1863);
@@ -84,14 +86,16 @@ TEST(LinuxPowerSourcePort, AmdLaptopSmartBatteryHasNoChargeCapacities) {
 
 TEST(LinuxPowerSourcePort, ADesktopWithOnlyAWirelessMouseHasNoPowerSource) {
   EXPECT_TRUE(descriptionsOf("nvidia-desktop").empty());
-  EXPECT_EQ(LinuxPowerSourcePort(recordingFixture("nvidia-desktop"), stillClock).readSmartBatteryProperties(),
+  EXPECT_EQ(LinuxPowerSourcePort(recordingFixture("nvidia-desktop"), stillClock)
+                .readSmartBatteryProperties(),
             std::nullopt);
 }
 
 TEST(LinuxPowerSourcePort, AVirtualMachineHasNoPowerSource) {
   EXPECT_TRUE(descriptionsOf("vm-bare").empty());
-  EXPECT_EQ(LinuxPowerSourcePort(recordingFixture("vm-bare"), stillClock).readSmartBatteryProperties(),
-            std::nullopt);
+  EXPECT_EQ(
+      LinuxPowerSourcePort(recordingFixture("vm-bare"), stillClock).readSmartBatteryProperties(),
+      std::nullopt);
 }
 
 TEST(LinuxPowerSourcePort, AFullBatteryOnMainsDrawsNothing) {

@@ -115,8 +115,9 @@ TEST(LinuxTemperatureSensorPort, BetweenListingsOnlyTheInputsAndTheDevicesSleepA
   EXPECT_EQ(files->listingsOf("sys/class/thermal"), 0);
   for (const char* suffix : {"/name", "_label", "/type"})
     EXPECT_TRUE(files->readsEndingIn(suffix).empty()) << suffix;
-  EXPECT_EQ(files->totalReads(), static_cast<int>(first.size()) +
-                                     static_cast<int>(files->readsEndingIn("runtime_status").size()));
+  EXPECT_EQ(files->totalReads(),
+            static_cast<int>(first.size()) +
+                static_cast<int>(files->readsEndingIn("runtime_status").size()));
 }
 
 TEST(LinuxTemperatureSensorPort, AGpuThatFallsAsleepBetweenListingsIsNotWoken) {

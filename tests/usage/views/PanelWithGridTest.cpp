@@ -1,9 +1,9 @@
 // The metric grid inside the notch panel's root view.
 #include <gtest/gtest.h>
 
+#include <QBackingStore>
 #include <QCoreApplication>
 #include <QEvent>
-#include <QBackingStore>
 #include <QGraphicsEffect>
 #include <QImage>
 #include <utility>
