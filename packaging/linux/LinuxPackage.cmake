@@ -43,9 +43,10 @@ string(REGEX REPLACE "^([0-9])$" "0\\1" brimly_month "${brimly_month}")
 string(REGEX REPLACE "^([0-9])$" "0\\1" brimly_day "${brimly_day}")
 set(BRIMLY_RELEASE_DATE "${brimly_year}-${brimly_month}-${brimly_day}")
 
-# Packages the .deb recommends: the typefaces Brimly's text is set in. Qt falls back to other
+# Packages the .deb recommends: the typefaces Brimly's text is set in (the windows' Inter, with its
+# medium and semibold faces, and the panel's Quicksand and JetBrains Mono). Qt falls back to other
 # installed fonts without them, so they are recommended rather than required.
-set(BRIMLY_DEBIAN_RECOMMENDS fonts-quicksand fonts-jetbrains-mono)
+set(BRIMLY_DEBIAN_RECOMMENDS fonts-inter fonts-quicksand fonts-jetbrains-mono)
 # Packages the .deb needs beyond the libraries the program links to (those are found by
 # dpkg-shlibdeps): Qt's X11 platform plug-in, without which no window or tray item can show. Debian
 # makes it only a recommendation of libqt6gui6.

@@ -1,7 +1,6 @@
 #include "about/AboutView.h"
 
 #include <QCoreApplication>
-#include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QIcon>
@@ -13,6 +12,7 @@
 #include "about/KorvelBrand.h"
 #include "artwork/Symbols.h"
 #include "panel/views/QtGeometry.h"
+#include "ui/WindowFonts.h"
 #include "usage/views/QtColor.h"
 
 namespace brimly {
@@ -34,12 +34,8 @@ QIcon iconToShow() {
 
 AboutView::AboutView(QString fontFamily, std::optional<QImage> logo, QWidget* parent)
     : QWidget(parent), fontFamily_(std::move(fontFamily)), logo_(std::move(logo)) {
-  if (fontFamily_.isEmpty()) {
-    fontFamily_ = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
-  }
+  if (fontFamily_.isEmpty()) fontFamily_ = windowFamily();
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  setAccessibleName(QStringLiteral("About Brimly"));
-  describe(AboutContent::forVersion(applicationVersion()));
   resize(sizeHint());
 }
 
@@ -83,18 +79,26 @@ QSize AboutView::sizeHint() const {
   return QSize(static_cast<int>(std::ceil(size.width)), static_cast<int>(std::ceil(size.height)));
 }
 
-void AboutView::describe(const AboutContent& content) {
-  const QString description =
-      QStringLiteral("%1, %2. %3 By %4.")
-          .arg(QString::fromStdString(content.name), QString::fromStdString(content.version),
-               QString::fromStdString(content.tagline), QString::fromStdString(content.brandName));
-  if (accessibleDescription() != description) setAccessibleDescription(description);
+std::vector<DrawnText> AboutView::drawnTexts() const {
+  const AboutContent content = AboutContent::forVersion(applicationVersion());
+  const AboutGeometry geometry = layoutFor(content);
+  std::vector<DrawnText> texts;
+  for (const PlacedText& line : geometry.texts()) {
+    texts.push_back(DrawnText{QString::fromStdString(line.text), {}, toQRectF(line.frame)});
+  }
+  if (geometry.logo) {
+    // The mark is read after "by" and before the footer, where the maker's name would be.
+    const auto mark = texts.end() - 1;
+    texts.insert(mark, DrawnText{QString::fromStdString(content.brandName),
+                                 {},
+                                 toQRectF(*geometry.logo),
+                                 QAccessible::Graphic});
+  }
+  return texts;
 }
 
 void AboutView::paintEvent(QPaintEvent*) {
-  const AboutContent content = AboutContent::forVersion(applicationVersion());
-  describe(content);
-  const AboutGeometry geometry = layoutFor(content);
+  const AboutGeometry geometry = layoutFor(AboutContent::forVersion(applicationVersion()));
 
   QPainter painter(this);
   painter.fillRect(rect(), toQColor(AboutTheme::surface));

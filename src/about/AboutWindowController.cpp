@@ -8,6 +8,7 @@
 
 #include "about/AboutTheme.h"
 #include "about/AboutView.h"
+#include "accessibility/AccessibleParts.h"
 #include "usage/Theme.h"
 #include "usage/views/QtColor.h"
 
@@ -17,7 +18,7 @@ namespace {
 
 // The window around the About view: a fixed-size, dark, titled window with only a close button,
 // which Escape and the platform's close shortcut hide like its close button does.
-class AboutWindow : public QWidget {
+class AboutWindow : public QWidget, public AccessibleParts {
  public:
   AboutWindow() : QWidget(nullptr, windowFlags()) {
     setWindowTitle(QStringLiteral("About Brimly"));
@@ -33,6 +34,8 @@ class AboutWindow : public QWidget {
     layout->addWidget(view);
     setFixedSize(view->sizeHint());
   }
+
+  QAccessible::Role accessibleRole() const override { return QAccessible::Window; }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {

@@ -42,6 +42,9 @@ AppDelegate::AppDelegate(const PlatformFactory& platform, KeyValueStore& default
       launch_(proximity_, tracker_, monitor_),
       aboutController_(std::make_unique<AboutWindowController>()) {
   settings_.setWriteFailureLog(writeSystemLogLine);
+  // A first launch leaves out what this machine cannot measure at all; a stored order stays.
+  connect(&monitor_, &SystemMonitor::sourcesFound, &settings_,
+          [this] { settings_.leaveOutOfDefaultOrder(*monitor_.kindsWithoutSource()); });
   aboutController_->onWindowMade = [this](QWidget& window) { titledWindowMade(window); };
   aboutController_->onShown = [this](QWidget& window) { desktop_.titledWindowReady(window); };
 }

@@ -3,6 +3,7 @@
 #include "platform/SystemSymbols.h"
 
 #include <QCache>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPixmap>
 #include <QSvgRenderer>
@@ -96,14 +97,17 @@ bool hasSymbol(const QString& symbolName) {
 QImage renderSymbol(const QString& symbolName, double pointSize, const QColor& colour,
                     qreal devicePixelRatio) {
   const QString resource = resourceOf(symbolName);
-  const long pixels = std::lround(pointSize * devicePixelRatio);
-  if (resource.isEmpty() || !(pixels >= 1)) return {};
+  const double points = std::round(pointSize);
+  const double exactPixels = points * devicePixelRatio;
+  if (resource.isEmpty() || !std::isfinite(exactPixels)) return {};
+  const long pixels = std::lround(exactPixels);
+  if (pixels < 1) return {};
   ensureResources();
 
   static QCache<QString, QImage> cache(cachedRenderings);
   const QString key = QStringLiteral("%1|%2|%3|%4")
                           .arg(symbolName)
-                          .arg(pointSize)
+                          .arg(points)
                           .arg(static_cast<qulonglong>(colour.rgba64()), 0, 16)
                           .arg(devicePixelRatio);
   if (const QImage* cached = cache.object(key)) return *cached;
@@ -113,6 +117,22 @@ QImage renderSymbol(const QString& symbolName, double pointSize, const QColor& c
   image.setDevicePixelRatio(devicePixelRatio);
   cache.insert(key, new QImage(image));
   return image;
+}
+
+void paintSymbol(QPainter& painter, const QString& symbolName, double pointSize,
+                 const QColor& colour, QPointF centre) {
+  const QPaintEngine* engine = painter.paintEngine();
+  const qreal ratio =
+      engine && engine->paintDevice() ? engine->paintDevice()->devicePixelRatioF() : 1.0;
+  const QImage symbol = renderSymbol(symbolName, pointSize, colour, ratio);
+  if (symbol.isNull()) return;
+  const QSizeF size = symbol.deviceIndependentSize();
+  const QPointF wanted = centre - QPointF(size.width(), size.height()) / 2.0;
+  // Where the top-left corner lands in device pixels, rounded to a whole one and taken back.
+  const QTransform& toDevice = painter.deviceTransform();
+  const QPointF onDevice = toDevice.map(wanted);
+  const QPointF snapped(std::round(onDevice.x()), std::round(onDevice.y()));
+  painter.drawImage(toDevice.inverted().map(snapped), symbol);
 }
 
 QIcon applicationIcon() {

@@ -1,5 +1,6 @@
 #include "core/MetricOrderStore.h"
 
+#include <algorithm>
 #include <iterator>
 #include <unordered_set>
 
@@ -22,6 +23,15 @@ std::vector<MetricKind> decode(const std::vector<std::string>& strings) {
   }
   if (result.empty()) return MetricKind::defaultOrder();
   return result;
+}
+
+std::vector<MetricKind> defaultOrderWithout(const std::vector<MetricKind>& left) {
+  std::vector<MetricKind> order = MetricKind::defaultOrder();
+  std::erase_if(order, [&left](MetricKind kind) {
+    return std::find(left.begin(), left.end(), kind) != left.end();
+  });
+  if (order.empty()) return MetricKind::defaultOrder();
+  return order;
 }
 
 std::vector<MetricKind> reordered(const std::vector<MetricKind>& order,

@@ -46,6 +46,12 @@ std::optional<std::int64_t> EnergyReader::energyDelta(const std::vector<EnergyCo
   return total;
 }
 
+bool EnergyReader::hasCounters() const {
+  return previousSample_ &&
+         std::any_of(previousSample_->begin(), previousSample_->end(),
+                     [](const EnergyCounter& counter) { return isEnergyChannel(counter.channel); });
+}
+
 std::optional<double> EnergyReader::sampleSystemPower() {
   if (!port_ || !port_->isAvailable()) return std::nullopt;
   std::optional<std::vector<EnergyCounter>> current = port_->readCounters();

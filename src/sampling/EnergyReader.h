@@ -32,6 +32,10 @@ class EnergyReader {
   // rate (too soon after the last, channels changed, or an implausible result).
   std::optional<double> sampleSystemPower();
 
+  // Whether the last reading of the counters held an energy channel: the machine has a source of
+  // its power draw, though the first reading gives no watts yet.
+  bool hasCounters() const;
+
   static bool isEnergyChannel(std::string_view channel);
 
   // Counter units gained by one counter. A counter that went down has wrapped once when it says

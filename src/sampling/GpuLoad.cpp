@@ -30,4 +30,13 @@ std::optional<double> GpuLoad::fromServices(
   return std::nullopt;
 }
 
+bool GpuLoad::hasSource(const std::optional<std::vector<std::optional<PropertyDict>>>& services) {
+  if (fromServices(services)) return true;
+  if (!services) return false;
+  return std::any_of(services->begin(), services->end(), [](const auto& properties) {
+    const std::string* status = properties ? properties->string("Runtime Status") : nullptr;
+    return status != nullptr && (*status == "suspended" || *status == "suspending");
+  });
+}
+
 }  // namespace brimly

@@ -27,6 +27,12 @@ class GpuLoad {
   // machine without an accelerator has no GPU load rather than an idle one.
   static std::optional<double> fromServices(
       const std::optional<std::vector<std::optional<PropertyDict>>>& services);
+
+  // Whether the services hold a source of the GPU load at all: one that yields a number now, or
+  // one asleep (its "Runtime Status" suspended or suspending), which reports once it wakes. A
+  // machine whose accelerators give no figure (an integrated GPU without a busy counter, an NVIDIA
+  // card without its driver's library) has none.
+  static bool hasSource(const std::optional<std::vector<std::optional<PropertyDict>>>& services);
 };
 
 }  // namespace brimly

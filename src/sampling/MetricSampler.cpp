@@ -6,6 +6,7 @@
 #include "sampling/DiskUsage.h"
 #include "sampling/GpuLoad.h"
 #include "sampling/MemoryUsage.h"
+#include "sampling/MetricSources.h"
 #include "sampling/PowerReading.h"
 
 namespace brimly {
@@ -57,6 +58,9 @@ MetricSample MetricSampler::sample() {
   sample.diskUsedBytes = lastDisk_.usedBytes;
   sample.diskTotalBytes = lastDisk_.totalBytes;
   sample.disk = lastDisk_.fraction();
+  if (!kindsWithoutSource_) {
+    kindsWithoutSource_ = MetricSources::withoutSource(sample, gpuSource_, energy_.hasCounters());
+  }
   return sample;
 }
 
@@ -66,7 +70,10 @@ double MetricSampler::readCPU() {
 
 std::optional<double> MetricSampler::readGPU() {
   if (!accelerators_) return std::nullopt;
-  return GpuLoad::fromServices(accelerators_->readAcceleratorServices());
+  const auto services = accelerators_->readAcceleratorServices();
+  // Asked only until the first sample has said what the machine has.
+  if (!kindsWithoutSource_) gpuSource_ = GpuLoad::hasSource(services);
+  return GpuLoad::fromServices(services);
 }
 
 void MetricSampler::readMemory(MetricSample& sample) {

@@ -4,7 +4,9 @@
 #include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
+#include "core/MetricKind.h"
 #include "platform/PlatformFactory.h"
 #include "sampling/CpuLoad.h"
 #include "sampling/DiskUsage.h"
@@ -32,6 +34,12 @@ class MetricSampler {
   // are not read again sooner than the platform's tick-reading spacing after the last reading (a
   // timer restarted at once, say): such a call repeats the last processor figure.
   MetricSample sample();
+
+  // The metrics this machine has no source for at all (`MetricSources`), as the first call of
+  // `sample()` found them; nothing before it.
+  const std::optional<std::vector<MetricKind>>& kindsWithoutSource() const {
+    return kindsWithoutSource_;
+  }
 
   // The single readings `sample()` is made of.
   double readCPU();
@@ -62,6 +70,9 @@ class MetricSampler {
   SensorReader sensors_;
   EnergyReader energy_;
   DiskUsage lastDisk_;
+  // Whether the accelerators of the latest GPU reading hold a source of the GPU load.
+  bool gpuSource_ = false;
+  std::optional<std::vector<MetricKind>> kindsWithoutSource_;
 };
 
 }  // namespace brimly

@@ -34,8 +34,11 @@ void SystemMonitor::restartTimer(double intervalSeconds) {
     const std::shared_ptr<MetricSampler> sampler = weakSampler.lock();
     if (!sampler) return;
     MetricSample sample = sampler->sample();
-    queue->postToMain([weakSelf, sample = std::move(sample)] {
-      if (const auto self = weakSelf.lock()) (*self)->apply(sample);
+    // What the machine has sources for goes along with the first sample only.
+    std::optional<std::vector<MetricKind>> withoutSource;
+    if (sampler->sampleCounter() == 1) withoutSource = sampler->kindsWithoutSource();
+    queue->postToMain([weakSelf, sample = std::move(sample), withoutSource] {
+      if (const auto self = weakSelf.lock()) (*self)->apply(sample, withoutSource);
     });
   };
   timer_ = queue_.startRepeatingTimer(intervalSeconds, std::move(tick));
@@ -52,8 +55,13 @@ void SystemMonitor::cancelTimer() {
   timer_.reset();
 }
 
-void SystemMonitor::apply(const MetricSample& sample) {
+void SystemMonitor::apply(const MetricSample& sample,
+                          const std::optional<std::vector<MetricKind>>& kindsWithoutSource) {
   current_ = sample;
+  if (kindsWithoutSource && !kindsWithoutSource_) {
+    kindsWithoutSource_ = kindsWithoutSource;
+    emit sourcesFound();
+  }
   emit sampleApplied();
 }
 

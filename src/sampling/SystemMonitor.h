@@ -2,9 +2,11 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include <QObject>
 
+#include "core/MetricKind.h"
 #include "platform/PlatformFactory.h"
 #include "platform/SamplingQueue.h"
 #include "sampling/MetricSample.h"
@@ -31,6 +33,12 @@ class SystemMonitor : public QObject, public SamplingRateControl {
   // The published readings: the last sample applied, or all defaults before the first.
   const MetricSample& current() const { return current_; }
 
+  // The metrics this machine has no source for at all, as the first sample found them (see
+  // `MetricSources`); nothing before the first sample is applied.
+  const std::optional<std::vector<MetricKind>>& kindsWithoutSource() const {
+    return kindsWithoutSource_;
+  }
+
   // Starts sampling at the closed-panel rate, whatever the panel flag says; the first sample is
   // taken at once.
   void start();
@@ -56,9 +64,12 @@ class SystemMonitor : public QObject, public SamplingRateControl {
  signals:
   // The published readings have just been replaced by a new sample.
   void sampleApplied();
+  // `kindsWithoutSource` has just been learnt, with the first sample (before its sampleApplied).
+  void sourcesFound();
 
  private:
-  void apply(const MetricSample& sample);
+  void apply(const MetricSample& sample,
+             const std::optional<std::vector<MetricKind>>& kindsWithoutSource);
 
   SamplingQueue& queue_;
   std::shared_ptr<MetricSampler> sampler_;
@@ -68,6 +79,7 @@ class SystemMonitor : public QObject, public SamplingRateControl {
   std::unique_ptr<RepeatingTimer> timer_;
   bool panelOpen_ = false;
   MetricSample current_;
+  std::optional<std::vector<MetricKind>> kindsWithoutSource_;
 };
 
 }  // namespace brimly

@@ -25,7 +25,8 @@ AppSettings::AppSettings(KeyValueStore& store, QObject* parent)
       defaults_(store),
       useFahrenheit_(storedBool(store, useFahrenheitKey)),
       isPinned_(storedBool(store, isPinnedKey)),
-      metricOrder_(storedOrder(store)) {}
+      metricOrder_(storedOrder(store)),
+      orderStored_(store.readStringList(metricOrderKey).has_value()) {}
 
 void AppSettings::setWriteFailureLog(std::function<void(const std::string& line)> log) {
   writeFailureLog_ = std::move(log);
@@ -60,6 +61,7 @@ void AppSettings::setMetricOrder(std::vector<MetricKind> order) {
   metricOrder_ = std::move(order);
   emit metricOrderChanged();
   if (written(defaults_.writeStringList(metricOrderKey, MetricOrderStore::encode(metricOrder_)))) {
+    orderStored_ = true;
     return;
   }
   metricOrder_ = storedOrder(defaults_);
@@ -77,6 +79,12 @@ void AppSettings::setMetric(MetricKind kind, bool enabled) {
     order.erase(std::remove(order.begin(), order.end(), kind), order.end());
   }
   setMetricOrder(std::move(order));
+}
+
+void AppSettings::leaveOutOfDefaultOrder(const std::vector<MetricKind>& kinds) {
+  if (orderStored_) return;
+  metricOrder_ = MetricOrderStore::defaultOrderWithout(kinds);
+  emit metricOrderChanged();
 }
 
 void AppSettings::moveMetrics(const std::set<std::size_t>& offsets, std::ptrdiff_t destination) {

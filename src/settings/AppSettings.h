@@ -60,6 +60,12 @@ class AppSettings : public QObject {
   // does, and assigns the result.
   void moveMetrics(const std::set<std::size_t>& offsets, std::ptrdiff_t destination);
 
+  // On a first launch, while no order is stored, shows the default order without `kinds` (the
+  // metrics this machine has no source for), which start hidden, and announces it; the user can
+  // still show them. Writes nothing, so that the next launch decides afresh, until the user
+  // changes the order. Does nothing once an order is stored (read at start or written since).
+  void leaveOutOfDefaultOrder(const std::vector<MetricKind>& kinds);
+
   // Where a failed write is reported, one line each; nowhere until it is set.
   void setWriteFailureLog(std::function<void(const std::string& line)> log);
 
@@ -77,6 +83,8 @@ class AppSettings : public QObject {
   bool useFahrenheit_ = false;
   bool isPinned_ = false;
   std::vector<MetricKind> metricOrder_;
+  // Whether the store holds an order: one was read at start, or one has been written since.
+  bool orderStored_ = false;
 };
 
 }  // namespace brimly

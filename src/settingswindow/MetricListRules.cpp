@@ -41,6 +41,22 @@ double previewFill(MetricKind kind, const MetricSample& sample) {
   return 0.0;
 }
 
+bool hasPreviewReading(MetricKind kind, const MetricSample& sample) {
+  switch (kind) {
+    case MetricKind::cpu:
+    case MetricKind::ram:
+    case MetricKind::disk:
+      return true;
+    case MetricKind::gpu:
+      return sample.gpu.has_value();
+    case MetricKind::temp:
+      return sample.temperatureC.has_value();
+    case MetricKind::pwr:
+      return sample.systemPowerWatts.has_value();
+  }
+  return true;
+}
+
 bool canHide(const std::vector<MetricKind>& order) {
   return order.size() > 1;
 }

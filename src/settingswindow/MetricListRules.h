@@ -30,6 +30,9 @@ std::vector<MetricKind> hiddenKinds(const std::vector<MetricKind>& order);
 //   temp: 0 when absent, else 30 °C empty to 100 °C full;
 //   pwr: 0 when absent, else 0 W empty to 20 W full.
 double previewFill(MetricKind kind, const MetricSample& sample);
+// Whether the preview's bar for `kind` shows a reading: not when the GPU load, the temperature or
+// the system's power draw is absent. The bar is then only its stub, drawn dimmed.
+bool hasPreviewReading(MetricKind kind, const MetricSample& sample);
 
 inline constexpr double emptyTemperatureC = 30.0;
 inline constexpr double fullTemperatureC = 100.0;

@@ -3,11 +3,13 @@
 #include <QString>
 #include <QWidget>
 
+#include "accessibility/AccessibleParts.h"
+
 namespace brimly {
 
 // The caption in capitals over a group of rows ("SETTINGS", "SHOWN"): 9.5 points, semibold,
-// tracked 0.8, in the tertiary style.
-class SectionLabel : public QWidget {
+// tracked 0.8, in the tertiary style. Assistive technologies read it as a label.
+class SectionLabel : public QWidget, public AccessibleParts {
   Q_OBJECT
 
  public:
@@ -19,6 +21,7 @@ class SectionLabel : public QWidget {
   const QString& text() const { return text_; }
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
+  QAccessible::Role accessibleRole() const override { return QAccessible::StaticText; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

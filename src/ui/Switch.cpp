@@ -4,14 +4,16 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include "ui/FocusRing.h"
+
 #include "usage/Theme.h"
 #include "usage/views/QtColor.h"
 
 namespace brimly {
 namespace {
 
-// Room around the track for the focus ring.
-constexpr int focusMargin = 2;
+// Room around the track for the focus ring's band; its inner line lies on the track's edge.
+constexpr int focusMargin = static_cast<int>(FocusRing::bandWidth);
 
 }  // namespace
 
@@ -19,6 +21,7 @@ Switch::Switch(Size size, QWidget* parent) : QAbstractButton(parent), size_(size
   setCheckable(true);
   setFocusPolicy(Qt::StrongFocus);
   setCursor(Qt::PointingHandCursor);
+  FocusRing::watchInput();
   connect(this, &QAbstractButton::clicked, this, [this] { emit switchRequested(!isOn()); });
 }
 
@@ -28,6 +31,11 @@ QSize Switch::trackSize(Size size) {
 
 QSize Switch::sizeHint() const {
   return trackSize(size_) + QSize(2 * focusMargin, 2 * focusMargin);
+}
+
+void Switch::addAccessibleState(QAccessible::State& state) const {
+  state.checkable = true;
+  state.checked = isOn();
 }
 
 void Switch::keyPressEvent(QKeyEvent* event) {
@@ -49,14 +57,6 @@ void Switch::paintEvent(QPaintEvent*) {
   const double radius = trackRect.height() / 2.0;
   if (!isEnabled()) painter.setOpacity(0.4);
 
-  if (hasFocus()) {
-    QColor ring = toQColor(Theme::accent);
-    ring.setAlphaF(0.55f);
-    painter.setPen(QPen(ring, 2.0));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(trackRect.adjusted(-1.5, -1.5, 1.5, 1.5), radius + 1.5, radius + 1.5);
-  }
-
   const QColor off = QColor::fromRgbF(1, 1, 1, isDown() ? 0.24f : 0.16f);
   painter.setPen(Qt::NoPen);
   painter.setBrush(isOn() ? toQColor(Theme::accent) : off);
@@ -70,6 +70,12 @@ void Switch::paintEvent(QPaintEvent*) {
   painter.drawEllipse(knobRect.translated(0, 0.5));
   painter.setBrush(Qt::white);
   painter.drawEllipse(knobRect);
+
+  if (FocusRing::isShown(*this)) {
+    const double margin = FocusRing::bandWidth;
+    FocusRing::paint(painter, trackRect.adjusted(-margin, -margin, margin, margin),
+                     radius + margin);
+  }
 }
 
 }  // namespace brimly

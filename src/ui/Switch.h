@@ -3,13 +3,16 @@
 #include <QAbstractButton>
 #include <QSize>
 
+#include "accessibility/AccessibleParts.h"
+
 namespace brimly {
 
 // A switch-style toggle that never flips itself: a click (or Space/Return) only asks for the
 // other state through `switchRequested`, and the switch shows whatever `setOn` last gave it. The
 // owner writes the real state back once it has acted, so a switch whose action fails, or has no
-// action at all, stays as it was.
-class Switch : public QAbstractButton {
+// action at all, stays as it was. Assistive technologies read it as a check box; toggling it
+// from one asks, as a click does.
+class Switch : public QAbstractButton, public AccessibleParts {
   Q_OBJECT
 
  public:
@@ -26,6 +29,9 @@ class Switch : public QAbstractButton {
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
+
+  QAccessible::Role accessibleRole() const override { return QAccessible::CheckBox; }
+  void addAccessibleState(QAccessible::State& state) const override;
 
  signals:
   void switchRequested(bool on);

@@ -2,14 +2,19 @@
 
 #include <QFontDatabase>
 #include <QPaintDevice>
+#include <QStringList>
+#include <string>
 
+#include "platform/SystemFonts.h"
 #include "usage/views/UsageTypography.h"
 
 namespace brimly {
 namespace {
 
-QFont sized(QFont font, const QPaintDevice& device, double size, QFont::Weight weight,
+QFont sized(const QString& family, const QPaintDevice& device, double size, QFont::Weight weight,
             double tracking) {
+  QFont font(family);
+  font.setStyleHint(QFont::SansSerif);
   font.setWeight(weight);
   const int dpi = device.logicalDpiY() > 0 ? device.logicalDpiY() : 96;
   font.setPointSizeF(size * 72.0 / dpi);
@@ -19,18 +24,26 @@ QFont sized(QFont font, const QPaintDevice& device, double size, QFont::Weight w
 
 }  // namespace
 
+QString windowFamily() {
+  static const QString family = [] {
+    const QStringList installed = QFontDatabase::families();
+    for (const std::string& wanted : windowFamilies()) {
+      const QString name = QString::fromStdString(wanted);
+      if (installed.contains(name)) return name;
+    }
+    return QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
+  }();
+  return family;
+}
+
 QFont windowFont(const QPaintDevice& device, double size, QFont::Weight weight, double tracking) {
-  return sized(QFontDatabase::systemFont(QFontDatabase::GeneralFont), device, size, weight,
-               tracking);
+  return sized(windowFamily(), device, size, weight, tracking);
 }
 
 QFont roundedWindowFont(const QPaintDevice& device, double size, QFont::Weight weight,
                         double tracking) {
-  // Looked up once: the installed families do not change while Brimly runs.
-  static const QString family = UsageTypography::system().labelFamily;
-  QFont font(family);
-  font.setStyleHint(QFont::SansSerif);
-  return sized(font, device, size, weight, tracking);
+  static const QString rounded = UsageTypography::systemRoundedFamily();
+  return sized(rounded.isEmpty() ? windowFamily() : rounded, device, size, weight, tracking);
 }
 
 }  // namespace brimly

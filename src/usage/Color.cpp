@@ -46,4 +46,27 @@ Color Color::inSRGB() const {
                      clampedUnit(encoded(clampedUnit(mapped[2]))), opacity);
 }
 
+Color Color::over(const Color& background) const {
+  const Color top = inSRGB();
+  const Color bottom = background.inSRGB();
+  const double alpha = clampedUnit(top.opacity);
+  const auto mix = [alpha](double upper, double lower) {
+    return upper * alpha + lower * (1 - alpha);
+  };
+  return Color::sRGB(mix(top.red, bottom.red), mix(top.green, bottom.green),
+                     mix(top.blue, bottom.blue));
+}
+
+double Color::relativeLuminance() const {
+  const Color colour = inSRGB();
+  return 0.2126 * linearised(colour.red) + 0.7152 * linearised(colour.green) +
+         0.0722 * linearised(colour.blue);
+}
+
+double contrastRatio(const Color& first, const Color& second) {
+  const double a = first.relativeLuminance();
+  const double b = second.relativeLuminance();
+  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
 }  // namespace brimly

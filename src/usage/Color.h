@@ -32,8 +32,19 @@ struct Color {
   // saturated colours. An sRGB colour is returned as it is.
   Color inSRGB() const;
 
+  // This colour laid over the opaque `background`, as an opaque sRGB colour: the gamma-encoded
+  // components mixed by this colour's opacity, as a window system blends them.
+  Color over(const Color& background) const;
+  // The relative luminance of WCAG 2 (0 for black, 1 for white) of the opaque colour; the
+  // opacity is not looked at.
+  double relativeLuminance() const;
+
   bool operator==(const Color&) const = default;
 };
+
+// The contrast ratio of WCAG 2 between two opaque colours: from 1 (the same luminance) to 21 (black
+// and white), whichever is the lighter.
+double contrastRatio(const Color& first, const Color& second);
 
 // The two ends of a bar's left-to-right gradient.
 struct ColorPair {

@@ -40,6 +40,9 @@ MetricCellContent MetricCellContent::of(MetricKind kind, const MetricSample& sam
       cell.palette = BarPalette::power(sample.powerState);
       break;
   }
+  // A reading that could not be taken (GPU, TEMP, PWR) shows the dash and only the bar's stub,
+  // dimmed: in a load colour the stub would read as a low load.
+  if (cell.primary == missingPrimary) cell.palette = BarPalette::absent();
   return cell;
 }
 

@@ -10,7 +10,8 @@ namespace brimly {
 
 // What one metric cell shows: its label, the large value, the detail line under the bar (" " when
 // the metric has none, so that all cells are equally tall; the power cell's line is empty when
-// neither the source nor a battery is known), the bar's value and its palette.
+// neither the source nor a battery is known), the bar's value and its palette (`absent` for a
+// reading that could not be taken, whose value is the dash).
 struct MetricCellContent {
   std::string label;
   std::string primary;

@@ -1,7 +1,5 @@
 #include "usage/UsageColors.h"
 
-#include "usage/Theme.h"
-
 namespace brimly {
 
 ColorPair usageColors(double fraction) {
@@ -23,6 +21,8 @@ ColorPair colors(double value, const BarPalette& palette) {
       if (value < 0.43) return usageColors(0.3);
       if (value < 0.72) return usageColors(0.65);
       return usageColors(0.9);
+    case BarPalette::Kind::absent:
+      return {dimmedBar, dimmedBar};
     case BarPalette::Kind::power:
       break;
   }
@@ -35,8 +35,7 @@ ColorPair colors(double value, const BarPalette& palette) {
     case PowerState::Kind::unknown:
       break;
   }
-  const Color grey = Theme::secondaryForeground.withOpacity(0.55);
-  return {grey, grey};
+  return {dimmedBar, dimmedBar};
 }
 
 }  // namespace brimly

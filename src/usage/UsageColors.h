@@ -2,6 +2,7 @@
 
 #include "usage/BarPalette.h"
 #include "usage/Color.h"
+#include "usage/Theme.h"
 
 namespace brimly {
 
@@ -9,8 +10,11 @@ namespace brimly {
 ColorPair usageColors(double fraction);
 
 // The bar colours of a cell: load colours for `usage` and for power on battery, the load colours
-// in coarser steps for `heat`, cyan to blue while charging, dimmed grey on mains and when the
-// source is unknown.
+// in coarser steps for `heat`, cyan to blue while charging, and `dimmedBar` on mains, when the
+// power source is unknown and for an `absent` reading.
 ColorPair colors(double value, const BarPalette& palette);
+
+// The dimmed grey of a bar that shows no load: the secondary foreground at 55 %.
+inline constexpr Color dimmedBar = Theme::secondaryForeground.withOpacity(0.55);
 
 }  // namespace brimly

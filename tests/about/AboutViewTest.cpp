@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QPixmap>
 
+#include "AccessibleTree.h"
 #include "InstalledFaces.h"
 #include "ReferenceImage.h"
 #include "about/AboutTheme.h"
@@ -18,8 +19,8 @@
 namespace brimly {
 namespace {
 
-// The font the references are drawn with (fonts-dejavu-core), whatever else is installed.
-const QString testFont = QStringLiteral("DejaVu Sans");
+// The windows' face (fonts-inter), whatever else is installed.
+const QString testFont = testing::windowFaces.first();
 
 // Sets the application's version for one test and puts the old one back afterwards.
 class AboutViewTest : public ::testing::Test {
@@ -49,7 +50,6 @@ TEST_F(AboutViewTest, ShowsTheApplicationsVersion) {
   QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
   AboutView view(testFont);
   EXPECT_EQ(view.currentLayout().version.text, "v0.1.0");
-  EXPECT_TRUE(view.accessibleDescription().contains(QStringLiteral("v0.1.0")));
 }
 
 TEST_F(AboutViewTest, ReadsTheVersionAgainOnEveryPaint) {
@@ -59,13 +59,35 @@ TEST_F(AboutViewTest, ReadsTheVersionAgainOnEveryPaint) {
   QCoreApplication::setApplicationVersion(QStringLiteral("0.2.0"));
   EXPECT_NE(render(view), before);
   EXPECT_EQ(view.currentLayout().version.text, "v0.2.0");
-  EXPECT_TRUE(view.accessibleDescription().contains(QStringLiteral("v0.2.0")));
 }
 
-TEST_F(AboutViewTest, IsNamedForScreenReaders) {
+TEST_F(AboutViewTest, ReadsEveryLineAsALabelAndTheMarkAsAPicture) {
+  QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
   AboutView view(testFont);
-  EXPECT_EQ(view.accessibleName(), QStringLiteral("About Brimly"));
-  EXPECT_TRUE(view.accessibleDescription().startsWith(QStringLiteral("Brimly, v")));
+  const AccessibleNode tree = readAccessible(view);
+  const AboutGeometry geometry = view.currentLayout();
+  ASSERT_EQ(tree.children.size(), 6u) << describeAccessible(tree);
+  const std::vector<std::string> lines{"Brimly", "v0.1.0", geometry.tagline.text, "by"};
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    EXPECT_EQ(tree.children[i].role, QAccessible::StaticText) << i;
+    EXPECT_EQ(tree.children[i].name, lines[i]);
+  }
+  EXPECT_EQ(tree.children[4].role, QAccessible::Graphic);
+  EXPECT_EQ(tree.children[4].name, "Korvel");
+  EXPECT_EQ(tree.children[5].name, geometry.footer.text);
+  // Where each is drawn.
+  QAccessibleInterface* version = QAccessible::queryAccessibleInterface(&view)->child(1);
+  EXPECT_EQ(version->rect().topLeft(),
+            view.mapToGlobal(toQRectF(geometry.version.frame).toAlignedRect().topLeft()));
+  // A new version is read as soon as it is asked for.
+  QCoreApplication::setApplicationVersion(QStringLiteral("0.2.0"));
+  EXPECT_EQ(version->text(QAccessible::Name), "v0.2.0");
+}
+
+TEST_F(AboutViewTest, WithoutTheLogoTheMakersNameIsALabel) {
+  AboutView view(testFont, KorvelBrand::decodeLogo("not a logo"));
+  EXPECT_EQ(accessibleNames(readAccessible(view), QAccessible::StaticText, true)[4], "Korvel");
+  EXPECT_TRUE(accessibleNames(readAccessible(view), QAccessible::Graphic, true).empty());
 }
 
 TEST_F(AboutViewTest, WithoutTheLogoTheBrandRowReadsKorvel) {
@@ -130,7 +152,7 @@ TEST_F(AboutViewTest, DrawsTheApplicationsOwnIconWhenItHasOne) {
 
 TEST_F(AboutViewTest, MatchesTheReferenceWithTheLogo) {
   QCoreApplication::setApplicationVersion(QStringLiteral("0.1.0"));
-  AboutView view(testFont);
+  AboutView view;  // in the windows' family
   EXPECT_TRUE(testing::matchesReference(
       render(view), QString(BRIMLY_REFERENCE_DIR) + "/about-with-logo.png", testing::windowFaces));
 }

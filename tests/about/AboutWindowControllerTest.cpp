@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QScreen>
 #include <QTest>
@@ -83,6 +84,14 @@ TEST(AboutWindowControllerTest, IsAFixedTitledWindowTheSizeOfItsView) {
   EXPECT_TRUE(flags.testFlag(Qt::WindowCloseButtonHint));
   EXPECT_FALSE(flags.testFlag(Qt::WindowMinimizeButtonHint));
   EXPECT_FALSE(flags.testFlag(Qt::WindowMaximizeButtonHint));
+}
+
+TEST(AboutWindowControllerTest, IsReadAsAWindowWithItsTitle) {
+  AboutWindowController controller;
+  controller.show();
+  QAccessibleInterface* window = QAccessible::queryAccessibleInterface(controller.window());
+  EXPECT_EQ(window->role(), QAccessible::Window);
+  EXPECT_EQ(window->text(QAccessible::Name), QStringLiteral("About Brimly"));
 }
 
 TEST(AboutWindowControllerTest, OpensInTheMiddleOfTheScreen) {

@@ -177,6 +177,26 @@ TEST_F(AppDelegateTest, PersistedPinOpensThePanelFromTheStartAtTheOpenRate) {
   EXPECT_TRUE(delegate.proximity().isPinned());
 }
 
+TEST_F(AppDelegateTest, AFirstLaunchHidesWhatTheMachineCannotMeasureAndStoresNothing) {
+  platform_.setMachine(testing::FakeMachine::bareMachine());
+  AppDelegate& delegate = launch();
+  ASSERT_TRUE(
+      QTest::qWaitFor([&] { return delegate.monitor().kindsWithoutSource().has_value(); }, 5000));
+  EXPECT_EQ(delegate.settings().metricOrder(),
+            (std::vector<MetricKind>{MetricKind::cpu, MetricKind::ram, MetricKind::disk}));
+  EXPECT_TRUE(defaults_.writes.empty());
+}
+
+TEST_F(AppDelegateTest, AStoredOrderStaysWhatTheMachineCannotMeasure) {
+  platform_.setMachine(testing::FakeMachine::bareMachine());
+  defaults_.values["metricOrder"] = std::vector<std::string>{"gpu", "cpu"};
+  AppDelegate& delegate = launch();
+  ASSERT_TRUE(
+      QTest::qWaitFor([&] { return delegate.monitor().kindsWithoutSource().has_value(); }, 5000));
+  EXPECT_EQ(delegate.settings().metricOrder(),
+            (std::vector<MetricKind>{MetricKind::gpu, MetricKind::cpu}));
+}
+
 TEST_F(AppDelegateTest, TrackerWatchesThePointerAroundTheMeasuredNotch) {
   AppDelegate& delegate = launch();
   EXPECT_TRUE(desktop_.pointer_.isWatching());

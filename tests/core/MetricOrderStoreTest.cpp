@@ -97,6 +97,18 @@ TEST(MetricOrderStoreReordered, AnyOutOfRangeOffsetLeavesTheOrderUnchanged) {
   EXPECT_EQ(MetricOrderStore::reordered({cpu}, {1}, 0), (Kinds{cpu}));
 }
 
+TEST(MetricOrderStoreFirstLaunch, TheDefaultOrderLeavesOutWhatTheMachineHasNoSourceFor) {
+  EXPECT_EQ(MetricOrderStore::defaultOrderWithout({pwr, gpu, temp}), (Kinds{cpu, ram, disk}));
+  EXPECT_EQ(MetricOrderStore::defaultOrderWithout({}), MetricKind::defaultOrder());
+  // Repeated kinds are left out once; the order of the rest is the default's.
+  EXPECT_EQ(MetricOrderStore::defaultOrderWithout({gpu, gpu}), (Kinds{cpu, ram, disk, temp, pwr}));
+}
+
+TEST(MetricOrderStoreFirstLaunch, NeverLeavesNothing) {
+  EXPECT_EQ(MetricOrderStore::defaultOrderWithout(MetricKind::allCases()),
+            MetricKind::defaultOrder());
+}
+
 TEST(MetricOrderStoreReordered, DestinationEqualToCountMovesTheGroupToTheEnd) {
   EXPECT_EQ(MetricOrderStore::reordered(kAll, {0, 2}, 6), (Kinds{gpu, disk, temp, pwr, cpu, ram}));
 }

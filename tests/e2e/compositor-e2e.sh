@@ -126,9 +126,4 @@ check "a compositor started while pinned open: still the open card" wait_for_box
 check "its corners show the desktop" corners_show_desktop
 stop_brimly
 
-if [ -s "$work/brimly.err" ]; then
-  echo "      brimly wrote on stderr:"
-  sed 's/^/      | /' "$work/brimly.err"
-fi
-[ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
-exit $((failures > 0))
+finish

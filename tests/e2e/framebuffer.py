@@ -4,6 +4,10 @@ framebuffer file (XWD format), so that checks cost microseconds rather than a sc
 
   framebuffer.py box   FILE X Y W H              black bounding box inside the region, as WxH+X+Y
   framebuffer.py pixel FILE X Y                  the pixel's colour as RRGGBB
+  framebuffer.py marks FILE X Y H LENGTH         the middle rows of the runs, at least LENGTH
+                                                 pixels long, in the column X from Y down for H
+                                                 pixels, whose colour differs from the one at
+                                                 (X, Y): where controls cross a plain background
   framebuffer.py wait  FILE X Y W H BOX SECONDS  polls until the region's black box is BOX; prints
                                                  the wall-clock time (seconds since the epoch) at
                                                  which it first was; exit status 1 on time-out
@@ -37,6 +41,20 @@ class Framebuffer:
         at = self.offset + y * self.bytes_per_line + x * 4
         blue, green, red = self.map[at], self.map[at + 1], self.map[at + 2]
         return red, green, blue
+
+    def marks(self, x, y, h, length):
+        background = self.pixel(x, y)
+        middles = []
+        start = None
+        for row in range(y, min(y + h, self.height) + 1):
+            differs = row < min(y + h, self.height) and self.pixel(x, row) != background
+            if differs and start is None:
+                start = row
+            elif not differs and start is not None:
+                if row - start >= length:
+                    middles.append((start + row - 1) // 2)
+                start = None
+        return middles
 
     def black_box(self, x, y, w, h):
         top = bottom = left = right = None
@@ -84,6 +102,10 @@ def main(argv):
         return 0
     if command == "box":
         print(screen.black_box(*numbers[:4]))
+        return 0
+    if command == "marks":
+        x, y, h = numbers[:3]
+        print(" ".join(str(row) for row in screen.marks(x, y, h, int(argv[6]))))
         return 0
     if command == "wait":
         expected, seconds = argv[7], float(argv[8])

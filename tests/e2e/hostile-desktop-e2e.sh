@@ -46,16 +46,21 @@ eventually() {  # eventually <seconds> <command…>: polls every 50 ms
 card_shown() { xdotool search --onlyvisible --name '^Brimly controls$' >/dev/null 2>&1; }
 card_hidden() { ! card_shown; }
 panel_shown() { xdotool search --onlyvisible --pid "$1" --name '^Brimly$' >/dev/null 2>&1; }
-card_geometry() {  # sets card_x card_y
+# The place a switch's knob takes when on, from the card window's left edge, and the column
+# through the middle of the switches' tracks.
+knob_on_x=256
+switch_x=249
+card_geometry() {  # sets card_x card_y, and the switches' rows from the card window's top
   local id
   id=$(xdotool search --onlyvisible --name '^Brimly controls$' | head -n1)
   read -r card_x card_y < <(xdotool getwindowgeometry "$id" | tr -c '0-9\n' ' ' | awk 'NR==2 { print $1, $2 }')
+  # The rows lie where the faces installed lay them out: found as the three switches that cross
+  # the card's surface in their column (its one-point dividers are too thin to count).
+  local rows
+  read -r -a rows < <("$fbtool" marks "$fb" $((card_x + switch_x)) $((card_y + 40)) 240 6)
+  row_login=$((${rows[1]:-0} - card_y))
+  row_fahrenheit=$((${rows[2]:-0} - card_y))
 }
-# The switches' rows, from the card window's top, and the place a switch's knob takes when on.
-row_pinned=126
-row_login=161
-row_fahrenheit=196
-knob_on_x=256
 switch_on() { # switch_on <row>: the knob is at the right (white)
   local colour
   colour=$("$fbtool" pixel "$fb" $((card_x + knob_on_x)) $((card_y + $1)))
@@ -70,7 +75,7 @@ open_card() {  # opens the card unless it is open, and finds it
   fi
   card_geometry
 }
-click_switch() { xdotool mousemove $((card_x + 249)) $((card_y + $1)) click 1; }
+click_switch() { xdotool mousemove $((card_x + switch_x)) $((card_y + $1)) click 1; }
 start_brimly() {  # start_brimly <stderr file> [env arguments…]: started_pid is the new process
   env "${@:2}" "$app" >/dev/null 2>"$1" &
   started_pid=$!

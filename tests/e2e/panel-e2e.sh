@@ -192,9 +192,4 @@ if [ -n "$shots" ]; then
   cp "$work/closed.png" "$shots/panel-closed.png"
   cp "$work/open.png" "$shots/panel-open.png"
 fi
-if [ -s "$work/brimly.err" ]; then
-  echo "      brimly wrote on stderr:"
-  sed 's/^/      | /' "$work/brimly.err"
-fi
-[ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
-exit $((failures > 0))
+finish

@@ -32,6 +32,17 @@ check() {  # check <description> <command…>
   if "$@"; then echo "ok    $description"; else echo "FAIL  $description"; failures=$((failures + 1)); fi
 }
 
+# finish: what Brimly wrote on stderr ("$work/brimly.err"), if anything, then PASSED or the number
+# of failed checks; exits with status 1 when a check failed.
+finish() {
+  if [ -s "$work/brimly.err" ]; then
+    echo "      brimly wrote on stderr:"
+    sed 's/^/      | /' "$work/brimly.err"
+  fi
+  [ $failures -eq 0 ] && echo "PASSED" || echo "FAILED: $failures check(s)"
+  exit $((failures > 0))
+}
+
 # start_screen: an Xvfb of width × height that keeps its framebuffer in "$fb"; DISPLAY names it.
 start_screen() {
   mkdir "$work/fb"

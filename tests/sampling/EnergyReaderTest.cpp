@@ -158,6 +158,30 @@ TEST(EnergyReader, UnavailableCountersAreNeverRead) {
   EXPECT_EQ(platform.readCounts().energyCounters, 0);
 }
 
+TEST(EnergyReader, CountersAreThereOnceAReadingHasAnEnergyChannel) {
+  FakePlatform platform(machineWithCounters({{"CPU Energy", 0, 0}}));
+  EnergyReader reader(platform.makeEnergyCounterPort(), platform.clock());
+  EXPECT_FALSE(reader.hasCounters());
+  // The first reading only primes, but the machine has a source of its draw.
+  EXPECT_FALSE(reader.sampleSystemPower().has_value());
+  EXPECT_TRUE(reader.hasCounters());
+}
+
+TEST(EnergyReader, NoCountersWithoutAnEnergyChannelOrAReading) {
+  FakePlatform other(machineWithCounters({{"ANE", 0, 0}}));
+  EnergyReader onlyOthers(other.makeEnergyCounterPort(), other.clock());
+  onlyOthers.sampleSystemPower();
+  EXPECT_FALSE(onlyOthers.hasCounters());
+
+  // Readable only by root, as powercap's files are on current kernels.
+  FakeMachine refused = machineWithCounters({{"CPU Energy", 0, 0}});
+  refused.energyAvailable = false;
+  FakePlatform platform(refused);
+  EnergyReader reader(platform.makeEnergyCounterPort(), platform.clock());
+  reader.sampleSystemPower();
+  EXPECT_FALSE(reader.hasCounters());
+}
+
 TEST(EnergyReader, UnusableUnitGivesNothing) {
   FakePlatform platform(machineWithCounters({{"CPU Energy", 0, 0}}, 0.0));
   EnergyReader reader(platform.makeEnergyCounterPort(), platform.clock());

@@ -66,6 +66,25 @@ TEST(GpuLoad, ServicesAreTriedInOrderUntilOneYieldsANumber) {
   EXPECT_DOUBLE_EQ(*GpuLoad::fromServices(services), 0.23);
 }
 
+TEST(GpuLoad, ASourceIsAServiceWithANumberOrOneAsleep) {
+  EXPECT_TRUE(GpuLoad::hasSource(Services{service(PropertyDict{{"GPU Busy", 0}})}));
+  // A discrete GPU asleep gives no figure until it wakes.
+  for (const char* status : {"suspended", "suspending"}) {
+    EXPECT_TRUE(GpuLoad::hasSource(
+        Services{PropertyDict{{"IOClass", "nvidia"}, {"Runtime Status", status}}}))
+        << status;
+  }
+}
+
+TEST(GpuLoad, AcceleratorsAwakeWithoutAFigureAreNoSource) {
+  // An NVIDIA card whose driver's library is missing, or no accelerator at all.
+  EXPECT_FALSE(
+      GpuLoad::hasSource(Services{PropertyDict{{"IOClass", "nvidia"}, {"Runtime Status", "active"}},
+                                  PropertyDict{{"IOClass", "amdgpu"}}, std::nullopt}));
+  EXPECT_FALSE(GpuLoad::hasSource(Services{}));
+  EXPECT_FALSE(GpuLoad::hasSource(std::nullopt));
+}
+
 TEST(GpuLoad, ServicesWithoutAnyNumberGiveNothing) {
   EXPECT_FALSE(
       GpuLoad::fromServices(Services{service(PropertyDict{{"In use system memory", 1024}})})

@@ -39,6 +39,41 @@ TEST(MetricSampler, FirstSampleOfATypicalLaptop) {
   EXPECT_EQ(sampler.sampleCounter(), 1);
 }
 
+TEST(MetricSampler, KnowsWhatTheMachineHasNoSourceForFromItsFirstSample) {
+  FakePlatform laptop;
+  MetricSampler everything(laptop);
+  EXPECT_FALSE(everything.kindsWithoutSource().has_value());
+  everything.sample();
+  EXPECT_EQ(everything.kindsWithoutSource(), std::vector<MetricKind>{});
+
+  FakePlatform bare(FakeMachine::bareMachine());
+  MetricSampler nothing(bare);
+  nothing.sample();
+  EXPECT_EQ(nothing.kindsWithoutSource(),
+            (std::vector<MetricKind>{MetricKind::gpu, MetricKind::temp, MetricKind::pwr}));
+}
+
+TEST(MetricSampler, TheFirstSampleDecidesAndLaterOnesChangeNothing) {
+  // A desktop whose power comes only from energy counters: their first reading gives no watts,
+  // but they are a source.
+  FakeMachine desktop = FakeMachine::bareMachine();
+  desktop.energyAvailable = true;
+  desktop.energyCounters = std::vector<EnergyCounter>{{"CPU Energy", 0, 0}};
+  FakePlatform platform(desktop);
+  MetricSampler sampler(platform);
+  EXPECT_FALSE(sampler.sample().systemPowerWatts.has_value());
+  const std::vector<MetricKind> without{MetricKind::gpu, MetricKind::temp};
+  EXPECT_EQ(sampler.kindsWithoutSource(), without);
+  // A GPU that turns up later does not change what the first sample found.
+  platform.change([](FakeMachine& machine) {
+    machine.accelerators = std::vector<std::optional<PropertyDict>>{
+        PropertyDict{{"PerformanceStatistics", PropertyDict{{"GPU Busy", 10}}}}};
+  });
+  platform.ownClock().advance(1.0);
+  EXPECT_TRUE(sampler.sample().gpu.has_value());
+  EXPECT_EQ(sampler.kindsWithoutSource(), without);
+}
+
 TEST(MetricSampler, LaterSamplesMeasureProcessorLoadAndSocPowerSinceThePreviousOne) {
   FakePlatform platform;
   MetricSampler sampler(platform);

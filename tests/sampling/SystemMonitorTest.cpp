@@ -49,6 +49,36 @@ TEST_F(SystemMonitorTest, ConstructingTakesNoSampleUntilStarted) {
   EXPECT_EQ(monitor_.current().batteryPercent, 81);
 }
 
+TEST_F(SystemMonitorTest, WhatTheMachineHasNoSourceForComesWithTheFirstSampleOnce) {
+  int found = 0;
+  int appliedWhenFound = -1;
+  QObject::connect(&monitor_, &SystemMonitor::sourcesFound, [&] {
+    ++found;
+    appliedWhenFound = applied_;
+  });
+  EXPECT_FALSE(monitor_.kindsWithoutSource().has_value());
+  monitor_.start();
+  scheduler_.advanceBy(0);
+  EXPECT_EQ(found, 1);
+  EXPECT_EQ(appliedWhenFound, 0);  // announced before the first sample's sampleApplied
+  EXPECT_EQ(monitor_.kindsWithoutSource(), std::vector<MetricKind>{});
+  scheduler_.advanceBy(20.0);
+  monitor_.setPanelOpen(true);
+  scheduler_.advanceBy(3.0);
+  EXPECT_GT(applied_, 4);
+  EXPECT_EQ(found, 1);
+}
+
+TEST(SystemMonitorBareMachine, ABareMachineHasNoSourceForGpuTemperatureOrPower) {
+  ManualScheduler scheduler;
+  FakePlatform platform(FakeMachine::bareMachine(), scheduler);
+  SystemMonitor monitor(platform, scheduler);
+  monitor.start();
+  scheduler.advanceBy(0);
+  EXPECT_EQ(monitor.kindsWithoutSource(),
+            (std::vector<MetricKind>{MetricKind::gpu, MetricKind::temp, MetricKind::pwr}));
+}
+
 TEST_F(SystemMonitorTest, FirstTickComesAtOnceAfterStartThenEveryFiveSeconds) {
   scheduler_.advanceBy(3.0);
   monitor_.start();

@@ -215,6 +215,48 @@ TEST(AppSettings, MovingMetricsAssignsTheReorderedList) {
   EXPECT_EQ(settings.metricOrder(), (Kinds{gpu, temp, cpu, ram, disk, pwr}));
 }
 
+TEST(AppSettingsFirstLaunch, WhatTheMachineCannotMeasureStartsHiddenAndNothingIsWritten) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  QSignalSpy changed(&settings, &AppSettings::metricOrderChanged);
+  settings.leaveOutOfDefaultOrder({gpu, pwr});
+  EXPECT_EQ(settings.metricOrder(), (Kinds{cpu, ram, disk, temp}));
+  EXPECT_EQ(changed.count(), 1);
+  EXPECT_TRUE(store.writes.empty());
+  // The user can still show them, which stores the order.
+  settings.setMetric(gpu, true);
+  EXPECT_EQ(settings.metricOrder(), (Kinds{cpu, ram, disk, temp, gpu}));
+  EXPECT_EQ(store.writes,
+            (std::vector<Write>{{"metricOrder", Strings{"cpu", "ram", "disk", "temp", "gpu"}}}));
+}
+
+TEST(AppSettingsFirstLaunch, AStoredOrderIsNeverChanged) {
+  FakeKeyValueStore store;
+  store.values["metricOrder"] = Strings{"gpu", "cpu", "pwr"};
+  AppSettings settings(store);
+  QSignalSpy changed(&settings, &AppSettings::metricOrderChanged);
+  settings.leaveOutOfDefaultOrder({gpu, temp, pwr});
+  EXPECT_EQ(settings.metricOrder(), (Kinds{gpu, cpu, pwr}));
+  EXPECT_EQ(changed.count(), 0);
+  EXPECT_TRUE(store.writes.empty());
+}
+
+TEST(AppSettingsFirstLaunch, AnOrderStoredSinceTheLaunchIsNeverChangedEither) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  settings.setMetric(cpu, false);  // before the first sample came
+  settings.leaveOutOfDefaultOrder({gpu, temp, pwr});
+  EXPECT_EQ(settings.metricOrder(), (Kinds{gpu, ram, disk, temp, pwr}));
+}
+
+TEST(AppSettingsFirstLaunch, AMachineWithEverythingShowsAllSix) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  settings.leaveOutOfDefaultOrder({});
+  EXPECT_EQ(settings.metricOrder(), allSix);
+  EXPECT_TRUE(store.writes.empty());
+}
+
 TEST(AppSettings, PinIsHeldButNotPersistedByTheSettings) {
   FakeKeyValueStore store;
   AppSettings settings(store);

@@ -69,6 +69,24 @@ TEST(MetricListRules, AbsentReadingsGiveEmptyBars) {
   EXPECT_EQ(MetricListRules::previewFill(pwr, sample), 0.0);
 }
 
+TEST(MetricListRules, OnlyTheReadingsThatCanBeAbsentCanLeaveABarWithoutAReading) {
+  const MetricSample empty;
+  for (const MetricKind kind : {cpu, ram, disk}) {
+    EXPECT_TRUE(MetricListRules::hasPreviewReading(kind, empty)) << kind.rawValue();
+  }
+  for (const MetricKind kind : {gpu, temp, pwr}) {
+    EXPECT_FALSE(MetricListRules::hasPreviewReading(kind, empty)) << kind.rawValue();
+  }
+  MetricSample idle;
+  idle.gpu = 0.0;
+  idle.temperatureC = 20.0;
+  idle.systemPowerWatts = 0.0;
+  for (const MetricKind kind : {gpu, temp, pwr}) {
+    EXPECT_TRUE(MetricListRules::hasPreviewReading(kind, idle)) << kind.rawValue();
+    EXPECT_EQ(MetricListRules::previewFill(kind, idle), 0.0) << kind.rawValue();
+  }
+}
+
 TEST(MetricListRules, GpuIsHeldToZeroToOne) {
   MetricSample sample;
   sample.gpu = 1.4;

@@ -8,10 +8,9 @@ namespace brimly::testing {
 
 // The font families Brimly's drawings are made in on Linux, which scripts/install-deps installs and
 // the reference images are drawn in.
-// The windows' text: the system's sans-serif, DejaVu Sans where install-deps set it up.
-inline const QStringList windowFaces{"DejaVu Sans"};
-// The windows' text beside the metric rows' rounded titles (Quicksand).
-inline const QStringList windowAndRoundedFaces{"DejaVu Sans", "Quicksand"};
+// The windows' text, the metric rows' titles and the preview's labels among it: Inter
+// (fonts-inter), with its medium and semibold faces.
+inline const QStringList windowFaces{"Inter"};
 // The panel's designed faces, and what it falls back to without them.
 inline const QStringList panelFaces{"Quicksand", "JetBrains Mono"};
 inline const QStringList panelFallbackFaces{"DejaVu Sans", "DejaVu Sans Mono"};

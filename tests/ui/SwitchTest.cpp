@@ -67,6 +67,20 @@ TEST(Switch, TakesKeyboardFocusAndTellsAssistiveToolsItsState) {
   EXPECT_TRUE(accessible->state().checked);
 }
 
+TEST(Switch, IsACheckBoxThatAToggleFromAScreenReaderAsksLikeAClick) {
+  Switch toggle(Switch::Size::small);
+  QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&toggle);
+  EXPECT_EQ(accessible->role(), QAccessible::CheckBox);
+  QSignalSpy requests(&toggle, &Switch::switchRequested);
+  accessible->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  ASSERT_EQ(requests.count(), 1);
+  EXPECT_TRUE(requests.at(0).at(0).toBool());
+  EXPECT_FALSE(toggle.isOn());
+  EXPECT_FALSE(accessible->state().checked);
+  toggle.setOn(true);
+  EXPECT_TRUE(accessible->state().checked);
+}
+
 TEST(Switch, AnOnTrackIsTheAccentAndAnOffTrackIsFaintWhite) {
   Switch toggle(Switch::Size::small);
   toggle.resize(toggle.sizeHint());
@@ -89,6 +103,7 @@ TEST(Switch, SizesAreTheTwoControlSizes) {
 TEST(SectionLabel, IsReadOutByItsTextAndSizedToIt) {
   SectionLabel label("SETTINGS");
   EXPECT_EQ(label.accessibleName(), "SETTINGS");
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&label)->role(), QAccessible::StaticText);
   EXPECT_GT(label.sizeHint().width(), 40);
   EXPECT_LT(label.sizeHint().height(), 20);
   EXPECT_TRUE(label.font().bold() || label.font().weight() == QFont::DemiBold);

@@ -65,5 +65,31 @@ TEST(Theme, DarkSchemeColours) {
   EXPECT_DOUBLE_EQ(Theme::barTrack.opacity, 0.85 * 0.07);
 }
 
+TEST(Color, RelativeLuminanceRunsFromBlackToWhite) {
+  EXPECT_DOUBLE_EQ(Color::sRGB(0, 0, 0).relativeLuminance(), 0.0);
+  EXPECT_DOUBLE_EQ(Color::sRGB(1, 1, 1).relativeLuminance(), 1.0);
+  // Green weighs most: 0.7152 of the whole, the coefficient WCAG takes from sRGB.
+  EXPECT_NEAR(Color::sRGB(0, 1, 0).relativeLuminance(), 0.7152, 1e-12);
+  // Half-level grey, linearised by the sRGB curve.
+  EXPECT_NEAR(Color::sRGB(0.5, 0.5, 0.5).relativeLuminance(), 0.21404, 1e-5);
+}
+
+TEST(Color, ContrastRatioIsTheOneOfWcag) {
+  const Color black = Color::sRGB(0, 0, 0);
+  const Color white = Color::sRGB(1, 1, 1);
+  EXPECT_DOUBLE_EQ(contrastRatio(black, white), 21.0);
+  EXPECT_DOUBLE_EQ(contrastRatio(white, black), 21.0);
+  EXPECT_DOUBLE_EQ(contrastRatio(Theme::surface, Theme::surface), 1.0);
+  // #777777 on white, the grey that just misses 4.5 : 1.
+  EXPECT_NEAR(contrastRatio(Color::sRGB(0x77 / 255.0, 0x77 / 255.0, 0x77 / 255.0), white), 4.48,
+              0.005);
+}
+
+TEST(Color, OverMixesByOpacityAndGivesAnOpaqueColour) {
+  const Color mixed = Color::sRGB(1, 1, 1, 0.25).over(Color::sRGB(0.2, 0.4, 0.6));
+  expectNear(mixed, Color::sRGB(0.4, 0.55, 0.7), 1e-12);
+  expectNear(Theme::accent.over(Theme::surface), Theme::accent.inSRGB(), 1e-12);
+}
+
 }  // namespace
 }  // namespace brimly

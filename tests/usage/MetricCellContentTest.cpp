@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "usage/UsageColors.h"
+
 namespace brimly {
 namespace {
 
@@ -36,7 +38,7 @@ TEST(MetricCellContent, GpuCellWithAndWithoutReading) {
             (MetricCellContent{"GPU", "17%", " ", 0.17, BarPalette::usage()}));
   sample.gpu.reset();
   EXPECT_EQ(MetricCellContent::of(MetricKind::gpu, sample, false),
-            (MetricCellContent{"GPU", "\u2014", " ", 0.0, BarPalette::usage()}));
+            (MetricCellContent{"GPU", "\u2014", " ", 0.0, BarPalette::absent()}));
 }
 
 TEST(MetricCellContent, RamCell) {
@@ -74,7 +76,32 @@ TEST(MetricCellContent, EmptySampleShowsPlaceholders) {
   EXPECT_EQ(power.primary, "\u2014");
   EXPECT_EQ(power.secondary, "");
   EXPECT_EQ(power.barValue, 0.0);
-  EXPECT_EQ(power.palette, BarPalette::power(PowerState::unknown()));
+}
+
+TEST(MetricCellContent, AReadingThatCouldNotBeTakenHasItsStubDimmed) {
+  // Never in a load colour: a green stub reads as "0 %, fine".
+  const MetricSample empty;
+  for (const MetricKind kind : {MetricKind::gpu, MetricKind::temp, MetricKind::pwr}) {
+    const MetricCellContent cell = MetricCellContent::of(kind, empty, false);
+    EXPECT_EQ(cell.palette, BarPalette::absent()) << kind.rawValue();
+    EXPECT_EQ(colors(cell.barValue, cell.palette), (ColorPair{dimmedBar, dimmedBar}))
+        << kind.rawValue();
+  }
+  // Readings that are there keep their colours, however low.
+  MetricSample idle;
+  idle.gpu = 0.0;
+  idle.temperatureC = 20.0;
+  EXPECT_EQ(MetricCellContent::of(MetricKind::gpu, idle, false).palette, BarPalette::usage());
+  EXPECT_EQ(MetricCellContent::of(MetricKind::temp, idle, false).palette, BarPalette::heat());
+  // On mains without a measured draw the power cell says "AC": a source, shown in its own grey.
+  idle.powerState = PowerState::acIdle();
+  EXPECT_EQ(MetricCellContent::of(MetricKind::pwr, idle, false).palette,
+            BarPalette::power(PowerState::acIdle()));
+  // The processor, memory and disk always have a reading.
+  for (const MetricKind kind : {MetricKind::cpu, MetricKind::ram, MetricKind::disk}) {
+    EXPECT_EQ(MetricCellContent::of(kind, empty, false).palette, BarPalette::usage())
+        << kind.rawValue();
+  }
 }
 
 TEST(MetricCellContent, LoadFractionsAreNotClamped) {

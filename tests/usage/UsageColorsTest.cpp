@@ -72,6 +72,16 @@ TEST(PowerColors, MainsAndUnknownAreDimmedGrey) {
   }
 }
 
+TEST(AbsentColors, AReadingThatCouldNotBeTakenIsTheSameDimmedGreyWhateverTheValue) {
+  const Color grey = Theme::secondaryForeground.withOpacity(0.55);
+  EXPECT_EQ(dimmedBar, grey);
+  for (double value : {0.0, 0.5, 0.95, std::nan("")}) {
+    EXPECT_EQ(colors(value, BarPalette::absent()), (ColorPair{grey, grey}));
+  }
+  EXPECT_NE(BarPalette::absent(), BarPalette::usage());
+  EXPECT_NE(BarPalette::absent(), BarPalette::power(PowerState::unknown()));
+}
+
 TEST(PowerColors, BatteryIsLoadColoured) {
   const BarPalette battery = BarPalette::power(PowerState::discharging(12));
   EXPECT_EQ(colors(0.2, battery), green);

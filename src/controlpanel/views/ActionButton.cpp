@@ -4,10 +4,10 @@
 #include <QPainter>
 
 #include "controlpanel/ControlPanelLayout.h"
+#include "ui/FocusRing.h"
 #include "ui/TextStyle.h"
 #include "ui/WindowFonts.h"
 #include "usage/Color.h"
-#include "usage/Theme.h"
 #include "usage/views/QtColor.h"
 
 namespace brimly {
@@ -24,6 +24,7 @@ ActionButton::ActionButton(const QString& title, bool destructive, QWidget* pare
   setFont(windowFont(*this, fontSize, QFont::Medium));
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover);
+  FocusRing::watchInput();
 }
 
 QColor ActionButton::foreground() const {
@@ -62,13 +63,7 @@ void ActionButton::paintEvent(QPaintEvent*) {
     painter.setBrush(QColor::fromRgbF(1, 1, 1, 0.08f));
     painter.drawRoundedRect(bounds, radius, radius);
   }
-  if (hasFocus()) {
-    QColor ring = toQColor(Theme::accent);
-    ring.setAlphaF(0.6f);
-    painter.setPen(QPen(ring, 1.5));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(bounds.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-  }
+  if (FocusRing::isShown(*this)) FocusRing::paint(painter, QRectF(rect()), radius);
   painter.setPen(foreground());
   painter.setFont(font());
   painter.drawText(rect(), Qt::AlignCenter, text());

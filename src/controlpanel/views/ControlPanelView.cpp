@@ -53,7 +53,6 @@ QString versionLine(const ControlPanelModel& model) {
 ControlPanelView::ControlPanelView(ControlPanelModel& model, QWidget* parent)
     : QWidget(parent), model_(model) {
   setAttribute(Qt::WA_TranslucentBackground);
-  setAccessibleName(QStringLiteral("Brimly"));
 
   ControlPanelMeasures measures;
   measures.name = measured(windowFont(*this, nameSize, QFont::DemiBold), "Brimly", *this);
@@ -119,6 +118,14 @@ void ControlPanelView::showModel() {
   update();
 }
 
+std::vector<DrawnText> ControlPanelView::drawnTexts() const {
+  return {
+      DrawnText{QStringLiteral("Brimly"), {}, toQRectF(layout_.name)},
+      DrawnText{versionLine(model_), {}, toQRectF(layout_.version)},
+      DrawnText{sectionTitle, {}, toQRectF(layout_.sectionLabel)},
+  };
+}
+
 void ControlPanelView::paintShadow(QPainter& painter) {
   const qreal dpr = devicePixelRatioF();
   if (shadow_.isNull() || shadow_.devicePixelRatio() != dpr) {
@@ -144,10 +151,8 @@ void ControlPanelView::paintEvent(QPaintEvent*) {
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(card.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
 
-  const qreal dpr = devicePixelRatioF();
-  painter.drawImage(toQRectF(layout_.headerSymbol),
-                    renderSymbol(headerSymbol, ControlPanelLayout::headerSymbolSize,
-                                 toQColor(Theme::accent), dpr));
+  paintSymbol(painter, headerSymbol, ControlPanelLayout::headerSymbolSize, toQColor(Theme::accent),
+              toQRectF(layout_.headerSymbol).center());
   painter.setPen(textColor(TextStyle::primary));
   painter.setFont(windowFont(*this, nameSize, QFont::DemiBold));
   painter.drawText(toQRectF(layout_.name), Qt::AlignLeft | Qt::AlignVCenter, "Brimly");
@@ -175,9 +180,8 @@ void ControlPanelView::paintEvent(QPaintEvent*) {
   painter.setFont(windowFont(*this, rowTitleSize, QFont::Normal));
   for (std::size_t i = 0; i < layout_.rows.size(); ++i) {
     const ControlPanelLayout::Row& row = layout_.rows[i];
-    const double size = ControlPanelLayout::rowSymbolSize;
-    const QRectF symbol(row.symbol.midX() - size / 2, row.symbol.midY() - size / 2, size, size);
-    painter.drawImage(symbol, renderSymbol(switchRows[i].symbol, size, secondary, dpr));
+    paintSymbol(painter, switchRows[i].symbol, ControlPanelLayout::rowSymbolSize, secondary,
+                toQRectF(row.symbol).center());
     painter.setPen(textColor(TextStyle::primary));
     painter.drawText(toQRectF(row.title), Qt::AlignLeft | Qt::AlignVCenter, switchRows[i].title);
   }

@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <array>
 
+#include "accessibility/AccessibleParts.h"
 #include "controlpanel/ControlPanelLayout.h"
 
 namespace brimly {
@@ -14,8 +15,9 @@ class Switch;
 
 // The control card: a header with the product's name and version, three switches under
 // "SETTINGS", and the footer's four buttons, on a dark rounded card with its own shadow. It only
-// shows the model and calls its callbacks; it redraws whenever the model changes.
-class ControlPanelView : public QWidget {
+// shows the model and calls its callbacks; it redraws whenever the model changes. The texts it
+// paints (the name, the version and the section's caption) are read as labels.
+class ControlPanelView : public QWidget, public AccessibleParts {
   Q_OBJECT
 
  public:
@@ -31,6 +33,9 @@ class ControlPanelView : public QWidget {
   Switch& launchSwitch() const { return *switches_[1]; }
   Switch& fahrenheitSwitch() const { return *switches_[2]; }
   ActionButton& button(std::size_t index) const { return *buttons_[index]; }
+
+  QAccessible::Role accessibleRole() const override { return QAccessible::Client; }
+  std::vector<DrawnText> drawnTexts() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -7,6 +7,8 @@
 
 #include "controlpanel/views/ControlPanelView.h"
 #include "panel/views/QtGeometry.h"
+#include "ui/FocusRing.h"
+#include "ui/Switch.h"
 
 namespace brimly {
 namespace {
@@ -23,7 +25,7 @@ ControlPanelWindow::ControlPanelWindow(ControlPanelModel& model, Kind kind, QWid
     : QWidget(parent, flagsFor(kind)), view_(new ControlPanelView(model, this)) {
   setAttribute(Qt::WA_TranslucentBackground);
   setWindowTitle(QStringLiteral("Brimly controls"));
-  setAccessibleName(QStringLiteral("Brimly controls"));
+  setAccessibleName(QStringLiteral("Brimly"));
   setFixedSize(view_->sizeHint());
 }
 
@@ -48,6 +50,10 @@ void ControlPanelWindow::showAt(Point origin, Size size) {
       qtDesktopCoordinates().toTopLeft(Rect{origin.x, origin.y, size.width, size.height});
   setGeometry(toQRectF(frame).toRect());
   show();
+  // Opened by a click, often one only the desktop saw: a Tab from here always walks the card in
+  // the same order, from the first switch on.
+  FocusRing::followPointer();
+  view_->pinSwitch().setFocus(Qt::OtherFocusReason);
   if (onShown) onShown();
 }
 

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <functional>
 
+#include "accessibility/AccessibleParts.h"
 #include "controlpanel/ControlCardWindow.h"
 
 namespace brimly {
@@ -13,8 +14,10 @@ class ControlPanelView;
 // The borderless window the control card drops down in: transparent around the card, which draws
 // its own shadow, never in a task bar, and either a pop-up that holds the pointer while it is
 // shown (X11: it sees the press that closes it) or a plain key window (macOS: outside clicks come
-// from a monitor). Escape closes it through `onEscape`.
-class ControlPanelWindow : public QWidget, public ControlCardWindow {
+// from a monitor). Escape closes it through `onEscape`. Every time it is shown, its first switch
+// has the keyboard focus, without a focus ring. Assistive technologies read it as the dialog
+// "Brimly".
+class ControlPanelWindow : public QWidget, public ControlCardWindow, public AccessibleParts {
   Q_OBJECT
 
  public:
@@ -40,6 +43,8 @@ class ControlPanelWindow : public QWidget, public ControlCardWindow {
   Size fittingSize() override;
   void showAt(Point origin, Size size) override;
   void close() override;
+
+  QAccessible::Role accessibleRole() const override { return QAccessible::Dialog; }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <functional>
 
+#include "accessibility/AccessibleParts.h"
 #include "core/Geometry.h"
 
 namespace brimly {
@@ -18,7 +19,7 @@ class RootView;
 // The window never shows itself. The application creates its native window (`winId()`), adds the
 // platform's own hints to it (window type, level, input shape, collection behaviour), places it
 // with `setFrame` and shows it.
-class PanelWindow : public QWidget {
+class PanelWindow : public QWidget, public AccessibleParts {
   Q_OBJECT
 
  public:
@@ -41,6 +42,8 @@ class PanelWindow : public QWidget {
   void rebuildRootView(Size notchSize, bool hasNotch);
 
   RootView* rootView() const { return rootView_; }
+
+  QAccessible::Role accessibleRole() const override { return QAccessible::Window; }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

@@ -7,4 +7,9 @@ std::optional<std::string> roundedSystemFontFile() {
   return std::nullopt;
 }
 
+// A face made for interfaces, with every weight from thin to black, as the system font is on macOS.
+std::vector<std::string> windowFamilies() {
+  return {"Inter"};
+}
+
 }  // namespace brimly

@@ -32,4 +32,9 @@ std::optional<std::string> roundedSystemFontFile() {
   }
 }
 
+// The system font is the windows' face.
+std::vector<std::string> windowFamilies() {
+  return {};
+}
+
 }  // namespace brimly

@@ -24,9 +24,7 @@ QFont subtitleFont(const QPaintDevice& device) {
 
 }  // namespace
 
-AppearanceTab::AppearanceTab(QWidget* parent) : QWidget(parent) {
-  setAccessibleName(QStringLiteral("%1. %2").arg(title, subtitle));
-}
+AppearanceTab::AppearanceTab(QWidget* parent) : QWidget(parent) {}
 
 AppearanceTabGeometry AppearanceTab::placement() const {
   return AppearanceTabLayout::layout(
@@ -35,16 +33,20 @@ AppearanceTabGeometry AppearanceTab::placement() const {
       measuredText(subtitleFont(*this), subtitle, *this));
 }
 
+std::vector<DrawnText> AppearanceTab::drawnTexts() const {
+  const AppearanceTabGeometry placed = placement();
+  return {DrawnText{title, {}, toQRectF(placed.title)},
+          DrawnText{subtitle, {}, toQRectF(placed.subtitle)}};
+}
+
 void AppearanceTab::paintEvent(QPaintEvent*) {
   const AppearanceTabGeometry placed = placement();
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawImage(
-      toQRectF(placed.symbol),
-      renderSymbol(symbolName, AppearanceTabLayout::symbolSize,
-                   toQColor(SettingsTheme::accent.withOpacity(AppearanceTabLayout::symbolOpacity)),
-                   devicePixelRatioF()));
+  paintSymbol(painter, symbolName, AppearanceTabLayout::symbolSize,
+              toQColor(SettingsTheme::accent.withOpacity(AppearanceTabLayout::symbolOpacity)),
+              toQRectF(placed.symbol).center());
   painter.setPen(textColor(TextStyle::primary));
   painter.setFont(titleFont(*this));
   painter.drawText(toQRectF(placed.title), Qt::AlignCenter | Qt::TextSingleLine, title);

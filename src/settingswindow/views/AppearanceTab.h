@@ -2,13 +2,14 @@
 
 #include <QWidget>
 
+#include "accessibility/AccessibleParts.h"
 #include "settingswindow/AppearanceTabLayout.h"
 
 namespace brimly {
 
 // The Appearance tab: a placeholder that says themes and accent colours are still to come. It has
-// no controls.
-class AppearanceTab : public QWidget {
+// no controls. Its two lines are read as labels.
+class AppearanceTab : public QWidget, public AccessibleParts {
   Q_OBJECT
 
  public:
@@ -20,6 +21,9 @@ class AppearanceTab : public QWidget {
 
   // The placeholder laid out in the tab's current size.
   AppearanceTabGeometry placement() const;
+
+  QAccessible::Role accessibleRole() const override { return QAccessible::Client; }
+  std::vector<DrawnText> drawnTexts() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -107,15 +107,25 @@ void MetricList::refresh() {
     hiddenLabel_->setGeometry(toQRectF(geometry_.hiddenHeader->label).toAlignedRect());
   }
 
-  // Tab walks the rows from top to bottom, each row before its switch.
+  // Tab walks the rows from top to bottom, each row before its switch; a screen reader reads
+  // them in the same order, each section's caption before its rows (it follows the children's
+  // stacking order, which nothing else here depends on: no two of them overlap).
   QWidget* previous = nullptr;
-  for (const MetricListRow& placed : geometry_.rows) {
+  const std::size_t hiddenCount = geometry_.rows.size() - geometry_.shownCount;
+  for (std::size_t i = 0; i < geometry_.rows.size(); ++i) {
+    const MetricListRow& placed = geometry_.rows[i];
     MetricRow& row = *rows_[placed.kind.value()];
-    row.place(placed, MetricListRules::isSwitchEnabled(placed.shown, order));
+    const MetricRow::SectionPlace place =
+        placed.shown ? MetricRow::SectionPlace{i + 1, geometry_.shownCount}
+                     : MetricRow::SectionPlace{i - geometry_.shownCount + 1, hiddenCount};
+    row.place(placed, MetricListRules::isSwitchEnabled(placed.shown, order), place);
     if (previous != nullptr) setTabOrder(previous, &row);
     setTabOrder(&row, &row.toggle());
     previous = &row.toggle();
+    row.raise();
+    if (i == geometry_.shownCount) hiddenLabel_->stackUnder(&row);
   }
+  dropIndicator_->raise();
   if (listHeight() != oldHeight) updateGeometry();
   update();
 }

@@ -5,6 +5,7 @@
 #include <array>
 #include <optional>
 
+#include "accessibility/AccessibleParts.h"
 #include "core/MetricKind.h"
 #include "settingswindow/MetricListLayout.h"
 
@@ -24,7 +25,9 @@ class SectionLabel;
 // a focused shown row moves one place with Alt+Up or Alt+Down (Ctrl+Up or Ctrl+Down alike).
 // Either way the new order is exactly `MetricOrderStore::reordered` of the old one. A row's switch
 // shows or hides its metric; the switch of the only shown metric is disabled.
-class MetricList : public QWidget {
+//
+// Assistive technologies read it as the list "Metrics" of its section captions and its rows.
+class MetricList : public QWidget, public AccessibleParts {
   Q_OBJECT
 
  public:
@@ -45,6 +48,8 @@ class MetricList : public QWidget {
   int listHeight() const;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
+
+  QAccessible::Role accessibleRole() const override { return QAccessible::List; }
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;

@@ -13,6 +13,8 @@
 #include "settingswindow/views/TextMeasure.h"
 #include "ui/TextStyle.h"
 #include "ui/WindowFonts.h"
+#include "usage/UsageColors.h"
+#include "usage/views/CellReadout.h"
 #include "usage/views/QtColor.h"
 
 namespace brimly {
@@ -127,6 +129,16 @@ void MetricPreview::relayout() {
   update();
 }
 
+std::vector<DrawnText> MetricPreview::drawnTexts() const {
+  std::vector<DrawnText> texts;
+  for (const PreviewCell& cell : geometry_.cells) {
+    texts.push_back(
+        cellReadout(MetricCellContent::of(cell.kind, monitor_.current(), settings_.useFahrenheit()),
+                    toQRectF(cell.frame)));
+  }
+  return texts;
+}
+
 void MetricPreview::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -141,13 +153,15 @@ void MetricPreview::paintEvent(QPaintEvent*) {
   painter.setPen(textColor(TextStyle::secondary));
   const QColor track = toQColor(MetricPreviewLayout::trackColor);
   const QColor accent = toQColor(SettingsTheme::accent);
+  const QColor dimmed = toQColor(dimmedBar);
   for (const PreviewCell& cell : geometry_.cells) {
     painter.drawText(toQRectF(cell.title), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                      titleOf(cell.kind));
     fillCapsule(painter, cell.track, track);
     const auto bar = bars_.find(cell.kind.value());
     const double fill = bar == bars_.end() ? 0.0 : bar->second.value(now);
-    fillCapsule(painter, MetricPreviewLayout::fillFrame(cell, fill), accent);
+    const bool reading = MetricListRules::hasPreviewReading(cell.kind, monitor_.current());
+    fillCapsule(painter, MetricPreviewLayout::fillFrame(cell, fill), reading ? accent : dimmed);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <map>
 #include <vector>
 
+#include "accessibility/AccessibleParts.h"
 #include "core/MetricKind.h"
 #include "panel/EasedAnimation.h"
 #include "panel/views/FrameTimer.h"
@@ -19,7 +20,9 @@ class SystemMonitor;
 // three to a row, each its short title over a thin accent bar that shows the live reading. It
 // follows the settings' metric order and every sample the monitor applies; a bar eases to its new
 // length over 0.4 seconds while the preview is on screen, and takes it at once while it is not.
-class MetricPreview : public QWidget {
+// Assistive technologies read each cell as a label of the metric's name and the value the panel
+// shows for it ("CPU 31%"), formed when they ask.
+class MetricPreview : public QWidget, public AccessibleParts {
   Q_OBJECT
 
  public:
@@ -44,6 +47,9 @@ class MetricPreview : public QWidget {
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
+
+  QAccessible::Role accessibleRole() const override { return QAccessible::Grouping; }
+  std::vector<DrawnText> drawnTexts() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -7,17 +7,17 @@
 
 #include "artwork/Symbols.h"
 #include "panel/views/QtGeometry.h"
-#include "settingswindow/SettingsTheme.h"
+#include "ui/FocusRing.h"
 #include "ui/Switch.h"
 #include "ui/TextStyle.h"
 #include "ui/WindowFonts.h"
-#include "usage/views/QtColor.h"
 
 namespace brimly {
 
 namespace {
 
 constexpr double draggedOpacity = 0.45;
+constexpr double focusRingRadius = 7.0;
 
 QString titleOf(MetricKind kind) {
   return QString::fromUtf8(kind.displayName().data(),
@@ -32,6 +32,7 @@ MetricRow::MetricRow(MetricKind kind, QWidget* parent)
       row_{kind, true, {}, {}, {}, {}, {}},
       toggle_(new Switch(Switch::Size::mini, this)) {
   setFocusPolicy(Qt::StrongFocus);
+  FocusRing::watchInput();
   setAccessibleName(titleOf(kind));
   toggle_->setAccessibleName(QStringLiteral("Show %1").arg(titleOf(kind)));
   connect(toggle_, &Switch::switchRequested, this,
@@ -42,7 +43,7 @@ QFont MetricRow::titleFont(const QPaintDevice& device) {
   return roundedWindowFont(device, MetricListLayout::titleSize, QFont::Normal);
 }
 
-void MetricRow::place(const MetricListRow& row, bool switchEnabled) {
+void MetricRow::place(const MetricListRow& row, bool switchEnabled, SectionPlace place) {
   row_ = row;
   shown_ = row.shown;
   setGeometry(toQRectF(row.frame).toAlignedRect());
@@ -50,9 +51,11 @@ void MetricRow::place(const MetricListRow& row, bool switchEnabled) {
   toggle_->setOn(shown_);
   toggle_->setEnabled(switchEnabled);
   setCursor(shown_ ? Qt::OpenHandCursor : Qt::ArrowCursor);
-  setAccessibleDescription(shown_ ? QStringLiteral("Shown. Drag, or press Alt+Up or Alt+Down, to "
-                                                   "move it.")
-                                  : QStringLiteral("Hidden."));
+  const QString where = QStringLiteral("%1 of %2").arg(place.position).arg(place.count);
+  setAccessibleDescription(
+      shown_
+          ? QStringLiteral("Shown, %1. Drag, or press Alt+Up or Alt+Down, to move it.").arg(where)
+          : QStringLiteral("Hidden, %1.").arg(where));
   update();
 }
 
@@ -92,18 +95,11 @@ void MetricRow::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  if (hasFocus()) {
-    QColor ring = toQColor(SettingsTheme::accent);
-    ring.setAlphaF(0.55f);
-    painter.setPen(QPen(ring, 1.5));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1.0, 1.0, -1.0, -1.0), 6.0, 6.0);
-  }
+  if (FocusRing::isShown(*this)) FocusRing::paint(painter, QRectF(rect()), focusRingRadius);
   if (dragged_) painter.setOpacity(draggedOpacity);
   const char* symbol = shown_ ? MetricListLayout::shownSymbol : MetricListLayout::hiddenSymbol;
-  painter.drawImage(local(row_.symbol),
-                    renderSymbol(symbol, MetricListLayout::symbolSize,
-                                 textColor(TextStyle::tertiary), devicePixelRatioF()));
+  paintSymbol(painter, symbol, MetricListLayout::symbolSize, textColor(TextStyle::tertiary),
+              local(row_.symbol).center());
   painter.setPen(textColor(shown_ ? TextStyle::primary : TextStyle::secondary));
   painter.setFont(titleFont(*this));
   painter.drawText(local(row_.title), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

@@ -18,7 +18,9 @@ MetricsTab::MetricsTab(AppSettings& settings, const SystemMonitor& monitor, QWid
       preview_(new MetricPreview(settings, monitor, MetricPreviewLayout::cellWidth, this)),
       listArea_(new QScrollArea(this)),
       list_(new MetricList(settings)) {
-  // The list scrolls only if its rows outgrow the window; the surface shows through it.
+  // The list scrolls only if its rows outgrow the window; the surface shows through it. The rows
+  // take the keyboard focus, never the empty area around them.
+  listArea_->setFocusPolicy(Qt::NoFocus);
   listArea_->setFrameShape(QFrame::NoFrame);
   listArea_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   listArea_->setWidgetResizable(false);

@@ -26,7 +26,7 @@ SettingRow::SettingRow(QString icon, QString title, QWidget* parent)
       icon_(std::move(icon)),
       title_(std::move(title)),
       toggle_(new Switch(Switch::Size::small, this)) {
-  setAccessibleName(title_);
+  // The switch carries the title: the row around it adds nothing to read.
   toggle_->setAccessibleName(title_);
   connect(toggle_, &Switch::switchRequested, this, [this](bool on) {
     if (set) set(on);
@@ -66,9 +66,8 @@ void SettingRow::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawImage(toQRectF(geometry_.symbol),
-                    renderSymbol(icon_, SettingRowLayout::symbolSize,
-                                 textColor(TextStyle::secondary), devicePixelRatioF()));
+  paintSymbol(painter, icon_, SettingRowLayout::symbolSize, textColor(TextStyle::secondary),
+              toQRectF(geometry_.symbol).center());
   painter.setPen(textColor(TextStyle::primary));
   painter.setFont(titleFont(*this));
   const QRectF title = toQRectF(geometry_.title);

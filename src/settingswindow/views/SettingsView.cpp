@@ -10,6 +10,7 @@
 #include "settingswindow/views/AppearanceTab.h"
 #include "settingswindow/views/GeneralTab.h"
 #include "settingswindow/views/MetricsTab.h"
+#include "settingswindow/views/TabBar.h"
 #include "settingswindow/views/TabButton.h"
 #include "settingswindow/views/TextMeasure.h"
 #include "ui/TextStyle.h"
@@ -49,25 +50,21 @@ QPalette darkPalette() {
 
 SettingsView::SettingsView(AppSettings& settings, ControlPanelModel& control,
                            const SystemMonitor& monitor, QWidget* parent)
-    : QWidget(parent), control_(control) {
+    : QWidget(parent), control_(control), tabBar_(new TabBar(this)) {
   setFixedSize(static_cast<int>(SettingsViewLayout::width),
                static_cast<int>(SettingsViewLayout::height));
-  setAccessibleName(QStringLiteral("Brimly Settings"));
   setPalette(darkPalette());
 
   SettingsViewLayout::TextSizes texts;
   texts.name = measuredText(nameFont(*this), productName, *this);
   texts.version = measuredText(versionFont(*this), versionLine(), *this);
   for (const SettingsTab tab : SettingsTab::allCases()) {
-    auto* button = new TabButton(tab, this);
-    connect(button, &TabButton::clicked, this, [this, tab] { setTab(tab); });
-    tabButtons_[tab.value()] = button;
-    texts.tabTitles.push_back(measuredText(button->font(), button->text(), *this));
+    const TabButton& button = tabBar_->button(tab);
+    texts.tabTitles.push_back(measuredText(button.font(), button.text(), *this));
   }
   geometry_ = SettingsViewLayout::layout(texts);
-  for (const TabButtonGeometry& placed : geometry_.tabs) {
-    tabButtons_[placed.tab.value()]->place(placed);
-  }
+  tabBar_->place(geometry_.tabBar, geometry_.tabs);
+  connect(tabBar_, &TabBar::tabClicked, this, &SettingsView::setTab);
 
   general_ = new GeneralTab(control, this);
   metrics_ = new MetricsTab(settings, monitor, this);
@@ -77,9 +74,6 @@ SettingsView::SettingsView(AppSettings& settings, ControlPanelModel& control,
                         static_cast<QWidget*>(appearance_)}) {
     page->setGeometry(content);
   }
-  // The tabs first, then the selected tab's controls.
-  setTabOrder(tabButtons_[0], tabButtons_[1]);
-  setTabOrder(tabButtons_[1], tabButtons_[2]);
   showTab();
 }
 
@@ -94,9 +88,12 @@ void SettingsView::setTab(SettingsTab tab) {
   showTab();
 }
 
+TabButton& SettingsView::tabButton(SettingsTab tab) const {
+  return tabBar_->button(tab);
+}
+
 void SettingsView::showTab() {
-  for (TabButton* button : tabButtons_)
-    button->setSelected(button->tab() == tab_);
+  tabBar_->select(tab_);
   general_->setVisible(tab_ == SettingsTab::general);
   metrics_->setVisible(tab_ == SettingsTab::metrics);
   appearance_->setVisible(tab_ == SettingsTab::appearance);
@@ -118,15 +115,19 @@ QString SettingsView::versionLine() const {
   return QStringLiteral("v") + QString::fromStdString(control_.version());
 }
 
+std::vector<DrawnText> SettingsView::drawnTexts() const {
+  return {DrawnText{productName, {}, toQRectF(geometry_.name)},
+          DrawnText{versionLine(), {}, toQRectF(geometry_.version)}};
+}
+
 void SettingsView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.fillRect(rect(), toQColor(SettingsTheme::surface));
 
-  painter.drawImage(toQRectF(geometry_.headerSymbol),
-                    renderSymbol(headerSymbol, SettingsViewLayout::headerSymbolSize,
-                                 toQColor(SettingsTheme::accent), devicePixelRatioF()));
+  paintSymbol(painter, headerSymbol, SettingsViewLayout::headerSymbolSize,
+              toQColor(SettingsTheme::accent), toQRectF(geometry_.headerSymbol).center());
   painter.setPen(textColor(TextStyle::primary));
   painter.setFont(nameFont(*this));
   painter.drawText(toQRectF(geometry_.name), Qt::AlignLeft | Qt::AlignVCenter, productName);

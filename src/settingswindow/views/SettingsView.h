@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QWidget>
-#include <array>
 
+#include "accessibility/AccessibleParts.h"
 #include "settingswindow/SettingsTab.h"
 #include "settingswindow/SettingsViewLayout.h"
 
@@ -14,13 +14,15 @@ class ControlPanelModel;
 class GeneralTab;
 class MetricsTab;
 class SystemMonitor;
+class TabBar;
 class TabButton;
 
 // The settings window's content, 360 × 468: a header with the gauge, "Brimly" and the version,
 // the tab bar ("General", "Metrics", "Appearance"), a hairline, and the selected tab's content
 // below. The selected tab is view state: it starts at General when the view is made and lasts as
-// long as the view does, so hiding and showing the window again keeps it.
-class SettingsView : public QWidget {
+// long as the view does, so hiding and showing the window again keeps it. The name and version it
+// paints are read as labels.
+class SettingsView : public QWidget, public AccessibleParts {
   Q_OBJECT
 
  public:
@@ -34,7 +36,8 @@ class SettingsView : public QWidget {
   void setTab(SettingsTab tab);
 
   const SettingsViewGeometry& placement() const { return geometry_; }
-  TabButton& tabButton(SettingsTab tab) const { return *tabButtons_[tab.value()]; }
+  TabBar& tabBar() const { return *tabBar_; }
+  TabButton& tabButton(SettingsTab tab) const;
   GeneralTab& generalTab() const { return *general_; }
   MetricsTab& metricsTab() const { return *metrics_; }
   AppearanceTab& appearanceTab() const { return *appearance_; }
@@ -42,6 +45,9 @@ class SettingsView : public QWidget {
   QWidget& content() const;
 
   QSize sizeHint() const override;
+
+  QAccessible::Role accessibleRole() const override { return QAccessible::Client; }
+  std::vector<DrawnText> drawnTexts() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -54,7 +60,7 @@ class SettingsView : public QWidget {
   ControlPanelModel& control_;
   SettingsTab tab_ = SettingsTab::general;
   SettingsViewGeometry geometry_;
-  std::array<TabButton*, 3> tabButtons_{};
+  TabBar* tabBar_;
   GeneralTab* general_;
   MetricsTab* metrics_;
   AppearanceTab* appearance_;

@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include "accessibility/AccessibleParts.h"
+
 namespace brimly {
 
 class AppSettings;
@@ -13,7 +15,7 @@ class SystemMonitor;
 // close button but no minimise or maximise button, and a content area fixed at 360 × 468. Closing
 // it (the close button, Escape, or the platform's close shortcut) only hides it, so that showing
 // it again brings back the same window on the same tab.
-class SettingsWindow : public QWidget {
+class SettingsWindow : public QWidget, public AccessibleParts {
   Q_OBJECT
 
  public:
@@ -23,6 +25,8 @@ class SettingsWindow : public QWidget {
                  QWidget* parent = nullptr);
 
   SettingsView& view() const { return *view_; }
+
+  QAccessible::Role accessibleRole() const override { return QAccessible::Window; }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

@@ -7,6 +7,7 @@
 #include "artwork/Symbols.h"
 #include "panel/views/QtGeometry.h"
 #include "settingswindow/SettingsTheme.h"
+#include "ui/FocusRing.h"
 #include "ui/TextStyle.h"
 #include "ui/WindowFonts.h"
 #include "usage/views/QtColor.h"
@@ -28,6 +29,7 @@ TabButton::TabButton(SettingsTab tab, QWidget* parent)
   setObjectName(fromView(tab.rawValue()));
   setFocusPolicy(Qt::StrongFocus);
   setFont(titleFont(*this));
+  FocusRing::watchInput();
 }
 
 QFont TabButton::titleFont(const QPaintDevice& device) {
@@ -38,6 +40,15 @@ void TabButton::setSelected(bool selected) {
   if (selected_ == selected) return;
   selected_ = selected;
   update();
+  QAccessible::State changed;
+  changed.selected = true;
+  QAccessibleStateChangeEvent event(this, changed);
+  QAccessible::updateAccessibility(&event);
+}
+
+void TabButton::addAccessibleState(QAccessible::State& state) const {
+  state.selectable = true;
+  state.selected = selected_;
 }
 
 void TabButton::place(const TabButtonGeometry& placed) {
@@ -74,17 +85,10 @@ void TabButton::paintEvent(QPaintEvent*) {
   QPainterPath shape;
   shape.addRoundedRect(frame, radius, radius);
   painter.fillPath(shape, toQColor(background));
-  if (hasFocus()) {
-    QColor ring = toQColor(SettingsTheme::accent);
-    ring.setAlphaF(0.6f);
-    painter.setPen(QPen(ring, 1.5));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(frame.adjusted(0.75, 0.75, -0.75, -0.75), radius - 0.75, radius - 0.75);
-  }
+  if (FocusRing::isShown(*this)) FocusRing::paint(painter, frame, radius);
   const QColor colour = foreground();
-  painter.drawImage(toQRectF(placed_.symbol),
-                    renderSymbol(fromView(tab_.symbolName()), SettingsViewLayout::tabSymbolSize,
-                                 colour, devicePixelRatioF()));
+  paintSymbol(painter, fromView(tab_.symbolName()), SettingsViewLayout::tabSymbolSize, colour,
+              toQRectF(placed_.symbol).center());
   painter.setPen(colour);
   painter.setFont(font());
   painter.drawText(toQRectF(placed_.title), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

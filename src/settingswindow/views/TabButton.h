@@ -2,14 +2,15 @@
 
 #include <QAbstractButton>
 
+#include "accessibility/AccessibleParts.h"
 #include "settingswindow/SettingsViewLayout.h"
 
 namespace brimly {
 
 // One button of the settings window's tab bar: the tab's symbol and title on a rounded
 // rectangle, tinted with the accent while its tab is selected. It takes the keyboard focus with
-// Tab; Space or Return selects it.
-class TabButton : public QAbstractButton {
+// Tab; Space or Return selects it. Assistive technologies read it as a page tab, selected or not.
+class TabButton : public QAbstractButton, public AccessibleParts {
   Q_OBJECT
 
  public:
@@ -24,6 +25,9 @@ class TabButton : public QAbstractButton {
   QColor foreground() const;
 
   static QFont titleFont(const QPaintDevice& device);
+
+  QAccessible::Role accessibleRole() const override { return QAccessible::PageTab; }
+  void addAccessibleState(QAccessible::State& state) const override;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

@@ -57,12 +57,16 @@ Face firstInstalled(std::initializer_list<Face> preferred) {
 }  // namespace
 
 UsageTypography UsageTypography::system() {
+  return preferring(systemRoundedFamily());
+}
+
+QString UsageTypography::systemRoundedFamily() {
   // Looked up once: the system's fonts do not change while Brimly runs.
-  static const QString systemRounded = [] {
+  static const QString family = [] {
     const std::optional<std::string> file = roundedSystemFontFile();
     return file ? familyOfFontFile(QString::fromStdString(*file)) : QString();
   }();
-  return preferring(systemRounded);
+  return family;
 }
 
 QString UsageTypography::familyOfFontFile(const QString& file) {

@@ -44,6 +44,9 @@ struct UsageTypography {
   // default sans-serif; for values and details the first installed of SF Mono, JetBrains Mono
   // (fonts-jetbrains-mono), then the default fixed-pitch family.
   static UsageTypography system();
+  // The family of the system's own rounded design (macOS), looked up once; empty where the system
+  // has none (Linux).
+  static QString systemRoundedFamily();
   // The same, with `systemRounded` as the system's rounded design (empty where there is none).
   static UsageTypography preferring(const QString& systemRounded);
   // The family of the font in `file`, added to Qt's fonts once; empty when Qt cannot read it.

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "accessibility/AccessibleParts.h"
 #include "core/MetricKind.h"
 #include "panel/EasedAnimation.h"
 #include "panel/views/FrameTimer.h"
@@ -36,7 +37,10 @@ namespace brimly {
 // repaints only the strips that moved, frames that would show nothing new are skipped, and the
 // first step of a motion is painted with the sample that starts it, so a sample that changes one
 // figure costs a handful of small repaints.
-class UsageView : public QWidget {
+//
+// Assistive technologies read each cell as a label of its name and value ("CPU 31%"), with the
+// detail line as its description; the labels are formed only when they ask.
+class UsageView : public QWidget, public AccessibleParts {
   Q_OBJECT
 
  public:
@@ -71,6 +75,9 @@ class UsageView : public QWidget {
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
+
+  QAccessible::Role accessibleRole() const override { return QAccessible::Client; }
+  std::vector<DrawnText> drawnTexts() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

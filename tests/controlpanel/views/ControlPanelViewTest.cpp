@@ -30,9 +30,11 @@ QImage rendered(QWidget& widget) {
   return image;
 }
 
-// The card over a mid-grey desktop, so that its shadow shows.
-QImage onDesktop(QWidget& widget) {
-  QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
+// The card over a mid-grey desktop, so that its shadow shows, on a screen of `ratio` physical
+// pixels a point.
+QImage onDesktop(QWidget& widget, double ratio = 1.0) {
+  QImage image(widget.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+  image.setDevicePixelRatio(ratio);
   image.fill(QColor(120, 130, 140));
   widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
   return image;
@@ -63,6 +65,13 @@ TEST(ControlPanelView, MatchesItsReferencePlainAndWithQuitHovered) {
   hover(view.button(3));
   EXPECT_TRUE(testing::matchesReference(
       onDesktop(view), referencePath("control-card-quit-hovered.png"), testing::windowFaces));
+}
+
+TEST(ControlPanelView, MatchesItsReferenceAtTwoTimes) {
+  ControlPanelModel model(true, false, true, "0.1.0");
+  ControlPanelView view(model);
+  EXPECT_TRUE(testing::matchesReference(onDesktop(view, 2.0), referencePath("control-card-2x.png"),
+                                        testing::windowFaces));
 }
 
 TEST(ControlPanelView, TheFooterButtonsKeepNinePointsBesideTheirTitlesInTheFontsInUse) {

@@ -52,7 +52,8 @@ TEST(GeneralTab, SwitchesAreNamedByTheirRowsTitles) {
   GeneralTab tab(control);
   for (SettingRow* row : {&tab.pinRow(), &tab.launchRow(), &tab.fahrenheitRow()}) {
     EXPECT_EQ(row->toggle().accessibleName(), row->title());
-    EXPECT_EQ(row->accessibleName(), row->title());
+    // The switch alone carries the title: the row around it is not read out a second time.
+    EXPECT_TRUE(row->accessibleName().isEmpty());
     EXPECT_TRUE(row->toggle().focusPolicy() & Qt::TabFocus);
   }
 }

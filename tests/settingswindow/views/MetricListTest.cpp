@@ -279,7 +279,7 @@ TEST_F(MetricListTest, ADraggedRowIsFadedAndAnAccentLineMarksWhereItWillLand) {
   image.fill(toQColor(SettingsTheme::surface));
   tab.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
   EXPECT_TRUE(testing::matchesReference(image, testing::referencePath("metrics-tab-dragging.png"),
-                                        testing::windowAndRoundedFaces));
+                                        testing::windowFaces));
   const QRect line = list().dropIndicator().geometry();
   const QPoint middle = list().mapTo(&tab, line.center());
   EXPECT_TRUE(testing::near(image.pixelColor(middle), toQColor(SettingsTheme::accent), 4));
@@ -325,7 +325,7 @@ TEST_F(MetricListTest, RowsAndSwitchesAreNamedAndReachable) {
     EXPECT_TRUE(row(kind).focusPolicy() & Qt::TabFocus);
   }
   EXPECT_TRUE(row(cpu).accessibleDescription().startsWith(QStringLiteral("Shown")));
-  EXPECT_EQ(row(disk).accessibleDescription(), QStringLiteral("Hidden."));
+  EXPECT_EQ(row(disk).accessibleDescription(), QStringLiteral("Hidden, 1 of 1."));
   // Tab walks down the list: each row, then its switch.
   EXPECT_EQ(row(cpu).nextInFocusChain(), &row(cpu).toggle());
   EXPECT_EQ(row(cpu).toggle().nextInFocusChain(), &row(gpu));
@@ -353,7 +353,7 @@ TEST_F(MetricListTest, RowsAreAtLeast30HighWithTheMiniSwitchAtTheTrailingEdge) {
 TEST_F(MetricListTest, TheWholeListFitsTheTabWithoutScrolling) {
   // The captions and the preview above the list take the height of their text: the list fits
   // with a point to spare in the faces install-deps brings, and scrolls in taller ones.
-  if (const auto missing = testing::missingFaces(testing::windowAndRoundedFaces)) {
+  if (const auto missing = testing::missingFaces(testing::windowFaces)) {
     GTEST_SKIP() << "whether the list fits depends on its fonts' line heights: " << *missing;
   }
   world.settings.setMetric(disk, false);

@@ -6,6 +6,7 @@
 
 #include "SettingsWorld.h"
 #include "settingswindow/SettingsTheme.h"
+#include "usage/UsageColors.h"
 #include "usage/views/QtColor.h"
 
 namespace brimly {
@@ -73,15 +74,24 @@ TEST_F(BareMachinePreviewTest, MissingTemperatureAndPowerGiveEmptyBarsWithTheirS
   EXPECT_EQ(MetricPreviewLayout::fillFrame(cellOf(temp), preview.shownFill(temp)).width, 2.0);
   EXPECT_EQ(MetricPreviewLayout::fillFrame(cellOf(pwr), preview.shownFill(pwr)).width, 2.0);
 
-  // The stub is drawn in the accent; the rest of the track is the faint track colour.
+  // The stub of a reading that could not be taken is the dimmed grey, not the accent, which
+  // would read as a low reading; the rest of the track is the faint track colour.
   const QImage image = onSurface();
-  const Rect track = cellOf(temp).track;
-  const int y = static_cast<int>(track.y + 1.0);
   const QColor well = over(toQColor(SettingsTheme::drawer), toQColor(SettingsTheme::surface));
-  const QColor stub = image.pixelColor(static_cast<int>(track.x) + 1, y);
-  const QColor rest = image.pixelColor(static_cast<int>(track.x) + 40, y);
-  EXPECT_GT(stub.green() - stub.red(), 40);
-  EXPECT_TRUE(near(rest, over(toQColor(MetricPreviewLayout::trackColor), well), 4));
+  const QColor onTrack = over(toQColor(MetricPreviewLayout::trackColor), well);
+  for (const MetricKind kind : {temp, pwr}) {
+    const Rect track = cellOf(kind).track;
+    const int y = static_cast<int>(track.y + 1.0);
+    const QColor stub = image.pixelColor(static_cast<int>(track.x) + 1, y);
+    const QColor rest = image.pixelColor(static_cast<int>(track.x) + 40, y);
+    EXPECT_TRUE(near(stub, over(toQColor(dimmedBar), onTrack), 4)) << kind.rawValue();
+    EXPECT_TRUE(near(rest, onTrack, 4)) << kind.rawValue();
+  }
+  // The processor's reading is there: its bar is the accent.
+  const Rect processor = cellOf(cpu).track;
+  const QColor bar =
+      image.pixelColor(static_cast<int>(processor.x) + 1, static_cast<int>(processor.y + 1.0));
+  EXPECT_GT(bar.green() - bar.red(), 40);
 }
 
 TEST_F(MetricPreviewTest, ThirtyDegreesIsAnEmptyBarAndAHundredAFullOne) {

@@ -119,20 +119,31 @@ TEST_F(SettingsViewTest, GeneralMatchesItsReference) {
   world.control.setPinned(true);
   world.control.setUseFahrenheit(true);
   EXPECT_TRUE(testing::matchesReference(rendered(view), referencePath("settings-general.png"),
-                                        testing::windowAndRoundedFaces));
+                                        testing::windowFaces));
 }
 
 TEST_F(SettingsViewTest, MetricsWithOneMetricHiddenMatchesItsReference) {
   world.settings.setMetric(MetricKind::disk, false);
   view.setTab(SettingsTab::metrics);
   EXPECT_TRUE(testing::matchesReference(rendered(view), referencePath("settings-metrics.png"),
-                                        testing::windowAndRoundedFaces));
+                                        testing::windowFaces));
+}
+
+TEST_F(SettingsViewTest, GeneralAndMetricsMatchTheirReferencesAtTwoTimes) {
+  // The symbols of both tabs and the tab bar, drawn for a screen of two pixels a point.
+  world.control.setPinned(true);
+  EXPECT_TRUE(testing::matchesReference(
+      rendered(view, 2.0), referencePath("settings-general-2x.png"), testing::windowFaces));
+  world.settings.setMetric(MetricKind::disk, false);
+  view.setTab(SettingsTab::metrics);
+  EXPECT_TRUE(testing::matchesReference(
+      rendered(view, 2.0), referencePath("settings-metrics-2x.png"), testing::windowFaces));
 }
 
 TEST_F(SettingsViewTest, AppearanceMatchesItsReference) {
   view.setTab(SettingsTab::appearance);
   EXPECT_TRUE(testing::matchesReference(rendered(view), referencePath("settings-appearance.png"),
-                                        testing::windowAndRoundedFaces));
+                                        testing::windowFaces));
 }
 
 TEST_F(SettingsViewTest, AppearancePaletteIsTheAccentAt70Percent) {

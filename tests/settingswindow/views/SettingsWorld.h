@@ -41,8 +41,10 @@ struct SettingsWorld {
   ControlPanelModel control{false, false, false, "1.2.0"};
 };
 
-inline QImage rendered(QWidget& widget) {
-  QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
+// `widget` drawn into an image, on a screen of `ratio` physical pixels a point.
+inline QImage rendered(QWidget& widget, double ratio = 1.0) {
+  QImage image(widget.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+  image.setDevicePixelRatio(ratio);
   image.fill(Qt::transparent);
   widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
   return image;

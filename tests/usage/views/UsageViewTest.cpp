@@ -211,6 +211,22 @@ TEST_F(UsageViewTest, PowerBarIsCyanWhileChargingAndGreyOnMains) {
   EXPECT_TRUE(near(QColor(image.pixel(x + 80, y)), grey, 3));
 }
 
+TEST_F(UsageViewTest, TheStubsOfReadingsThatCouldNotBeTakenAreAllTheSameDimmedGrey) {
+  // A machine without a GPU load, a temperature or a power source: GPU, TEMP and PWR show the
+  // dash and a stub in the dimmed grey, not a green one that reads as "0 %, fine".
+  view.setSample(MetricSample{});
+  const QImage image = renderOnBlack(view);
+  const QColor grey = over(toQColor(dimmedBar), overBlack(toQColor(Theme::barTrack)));
+  for (const MetricKind kind : {MetricKind::gpu, MetricKind::temp, MetricKind::pwr}) {
+    EXPECT_TRUE(near(QColor(image.pixel(cellLeft(kind) + 1, barRow(kind))), grey, 3))
+        << kind.rawValue();
+  }
+  // An idle processor's empty bar is a reading: its stub stays green (its gradient's middle).
+  const QRgb cpu = image.pixel(cellLeft(MetricKind::cpu) + 1, barRow(MetricKind::cpu));
+  EXPECT_GT(qGreen(cpu), 150);
+  EXPECT_LT(qRed(cpu), 60);
+}
+
 TEST_F(UsageViewTest, LabelIsSecondaryAndValuePrimary) {
   view.setSample(busyLaptop());
   const QImage image = renderOnBlack(view);
