@@ -47,8 +47,9 @@ std::vector<ValueTextRenderer::Placed> ValueTextRenderer::place(const std::strin
 
 double ValueTextRenderer::width(const std::string& previous, const std::string& current,
                                 const QPaintDevice& device) {
-  const double currentWidth = line(current, device).advance;
-  return std::max(currentWidth, line(previous, device).advance);
+  // The change the frames to come will draw: worked out here once, and found again when painted.
+  const Change& shown = change(previous, current, device);
+  return std::max(shown.before.advance, shown.after.advance);
 }
 
 void ValueTextRenderer::paint(QPainter& painter, const std::string& previous,
