@@ -27,6 +27,7 @@ class FrameTimer : public QObject {
   // Frames every interval from now on; changes nothing while frames are already coming.
   void run();
   // The next frame comes `frames` intervals from now (at least one), then every interval again.
+  // Called from a frame, "now" is that frame's time.
   void resumeAfter(int frames);
   void stop() { timer_.stop(); }
   bool isRunning() const { return timer_.isActive(); }
@@ -43,6 +44,8 @@ class FrameTimer : public QObject {
   int intervalMs_;
   Clock clock_;
   QTimer timer_;
+  bool inFrame_ = false;       // `frame` is being handled
+  bool pacedInFrame_ = false;  // and its handler said when the next frame comes
 };
 
 }  // namespace brimly

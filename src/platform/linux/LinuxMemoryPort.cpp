@@ -12,7 +12,7 @@ LinuxMemoryPort::LinuxMemoryPort(std::shared_ptr<const FileSystemView> files)
 MemoryReading LinuxMemoryPort::readMemory() {
   const FileRead meminfo = files_->read("proc/meminfo");
   if (!meminfo.ok()) return MemoryReading{};
-  return memoryReadingFromMeminfo(parseMeminfo(meminfo.text));
+  return memoryReadingFromMeminfo(parseMeminfo(meminfo.text, kMemoryReadingFields));
 }
 
 }  // namespace brimly

@@ -44,11 +44,11 @@ std::unique_ptr<AcceleratorPort> LinuxPlatformFactory::makeAcceleratorPort() con
 }
 
 std::unique_ptr<PowerSourcePort> LinuxPlatformFactory::makePowerSourcePort() const {
-  return std::make_unique<LinuxPowerSourcePort>(sources_.files);
+  return std::make_unique<LinuxPowerSourcePort>(sources_.files, clock());
 }
 
 std::unique_ptr<TemperatureSensorPort> LinuxPlatformFactory::makeTemperatureSensorPort() const {
-  return std::make_unique<LinuxTemperatureSensorPort>(sources_.files);
+  return std::make_unique<LinuxTemperatureSensorPort>(sources_.files, clock());
 }
 
 std::unique_ptr<EnergyCounterPort> LinuxPlatformFactory::makeEnergyCounterPort() const {

@@ -13,13 +13,16 @@
 namespace brimly {
 
 // Where the Linux readers get their figures: the kernel's files below a root, statvfs of that
-// root, and a fresh NVML handle per GPU reader.
+// root, a fresh NVML handle per GPU reader, and the time.
 struct LinuxSources {
   std::shared_ptr<const FileSystemView> files;
   std::string root = "/";  // the directory `files` reads below, as diagnostics name paths
   std::shared_ptr<const FileSystemStatsSource> fileSystemStats;
   std::string diskPath = "/";
   std::function<std::unique_ptr<NvmlLibrary>()> makeNvml;
+  // The clock of energy rates and of how often devices are listed; none: the system's monotonic
+  // clock.
+  std::shared_ptr<const MonotonicClock> clock;
 
   // The running system seen from `root` ("/" in production): real files, statvfs(root) and
   // NVML loaded at run time.
@@ -39,13 +42,15 @@ class LinuxPlatformFactory : public PlatformFactory {
   std::unique_ptr<PowerSourcePort> makePowerSourcePort() const override;
   std::unique_ptr<TemperatureSensorPort> makeTemperatureSensorPort() const override;
   std::unique_ptr<EnergyCounterPort> makeEnergyCounterPort() const override;
-  const MonotonicClock& clock() const override { return clock_; }
+  const MonotonicClock& clock() const override {
+    return sources_.clock ? *sources_.clock : systemClock_;
+  }
 
   const LinuxSources& sources() const { return sources_; }
 
  private:
   LinuxSources sources_;
-  LinuxMonotonicClock clock_;
+  LinuxMonotonicClock systemClock_;
 };
 
 }  // namespace brimly

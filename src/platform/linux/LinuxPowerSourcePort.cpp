@@ -5,28 +5,30 @@
 #include "platform/linux/PowerSupplyDirectory.h"
 
 namespace brimly {
-namespace {
 
-PowerSupplySnapshot snapshotOf(const FileSystemView& files) {
-  std::vector<PowerSupply> supplies;
-  for (PowerSupplyRecord& record : readPowerSupplies(files)) {
-    supplies.push_back(std::move(record.supply));
-  }
-  return describePowerSupplies(supplies);
-}
-
-}  // namespace
-
-LinuxPowerSourcePort::LinuxPowerSourcePort(std::shared_ptr<const FileSystemView> files)
-    : files_(std::move(files)) {}
+LinuxPowerSourcePort::LinuxPowerSourcePort(std::shared_ptr<const FileSystemView> files,
+                                           const MonotonicClock& clock)
+    : files_(std::move(files)), listing_(clock) {}
 
 std::optional<std::vector<std::optional<PropertyDict>>>
 LinuxPowerSourcePort::readPowerSourceDescriptions() {
-  return snapshotOf(*files_).descriptions;
+  return snapshot().descriptions;
 }
 
 std::optional<PropertyDict> LinuxPowerSourcePort::readSmartBatteryProperties() {
-  return snapshotOf(*files_).smartBattery;
+  return snapshot().smartBattery;
+}
+
+PowerSupplySnapshot LinuxPowerSourcePort::snapshot() {
+  if (listing_.due()) names_ = listPowerSupplies(*files_);
+  std::vector<PowerSupply> supplies;
+  supplies.reserve(names_.size());
+  for (const std::string& name : names_) {
+    PowerSupplyRecord record = readPowerSupply(*files_, name);
+    if (record.gone) listing_.entryGone();
+    supplies.push_back(std::move(record.supply));
+  }
+  return describePowerSupplies(supplies);
 }
 
 }  // namespace brimly

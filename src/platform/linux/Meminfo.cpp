@@ -22,18 +22,18 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
-std::optional<std::pair<std::string, std::uint64_t>> parseLine(std::string_view line) {
-  const std::size_t colon = line.find(':');
-  if (colon == std::string_view::npos || colon == 0) return std::nullopt;
+// The line's value when it reads "Name:   1234 kB"; `colon` is where its first colon is.
+std::optional<std::uint64_t> valueOf(std::string_view line, std::size_t colon) {
   const std::string_view name = line.substr(0, colon);
-  if (name.find_first_of(" \t") != std::string_view::npos) return std::nullopt;
+  const auto spaceOrTab = [](char c) { return c == ' ' || c == '\t'; };
+  if (name.empty() || std::any_of(name.begin(), name.end(), spaceOrTab)) return std::nullopt;
   std::string_view rest = trimmed(line.substr(colon + 1));
   std::uint64_t value = 0;
   const auto [ptr, error] = std::from_chars(rest.data(), rest.data() + rest.size(), value);
   if (error != std::errc{} || ptr == rest.data()) return std::nullopt;
   const std::string_view unit = trimmed(rest.substr(static_cast<std::size_t>(ptr - rest.data())));
   if (!unit.empty() && unit != "kB") return std::nullopt;
-  return std::make_pair(std::string(name), value);
+  return value;
 }
 
 // A KiB figure that can be expressed in bytes, or nothing.
@@ -52,17 +52,24 @@ std::optional<std::uint64_t> Meminfo::find(std::string_view name) const {
   return std::nullopt;
 }
 
-Meminfo parseMeminfo(std::string_view text) {
+Meminfo parseMeminfo(std::string_view text, std::span<const std::string_view> only) {
   Meminfo meminfo;
-  while (!text.empty()) {
+  meminfo.fields.reserve(only.empty() ? 64 : only.size());
+  while (!text.empty() && (only.empty() || meminfo.fields.size() < only.size())) {
     const std::size_t end = text.find('\n');
-    if (auto field = parseLine(text.substr(0, end))) {
+    const std::string_view line = text.substr(0, end);
+    const std::size_t colon = line.find(':');
+    const std::string_view name = line.substr(0, colon);
+    const bool wanted = only.empty() || std::find(only.begin(), only.end(), name) != only.end();
+    const std::optional<std::uint64_t> value =
+        colon != std::string_view::npos && wanted ? valueOf(line, colon) : std::nullopt;
+    if (value) {
       auto existing = std::find_if(meminfo.fields.begin(), meminfo.fields.end(),
-                                   [&](const auto& entry) { return entry.first == field->first; });
+                                   [&](const auto& entry) { return entry.first == name; });
       if (existing != meminfo.fields.end()) {
-        existing->second = field->second;
+        existing->second = *value;
       } else {
-        meminfo.fields.push_back(std::move(*field));
+        meminfo.fields.emplace_back(std::string(name), *value);
       }
     }
     if (end == std::string_view::npos) break;

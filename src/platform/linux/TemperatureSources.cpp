@@ -56,6 +56,17 @@ std::vector<HwmonTemperatureInput> inputsIn(const FileSystemView& files,
   return inputs;
 }
 
+std::string runtimeStatusOf(const FileSystemView& files, const HwmonChip& chip) {
+  const FileRead status = files.read(joinPath(chip.path, "device/power/runtime_status"));
+  return status.ok() ? sysfsString(status.text) : std::string();
+}
+
+HwmonSkip skipOf(const HwmonChip& chip) {
+  if (isAsleep(chip.runtimeStatus)) return HwmonSkip::deviceAsleep;
+  if (chip.name && isCostlyChip(*chip.name)) return HwmonSkip::costlyRead;
+  return HwmonSkip::none;
+}
+
 }  // namespace
 
 std::vector<HwmonChip> scanHwmonChips(const FileSystemView& files) {
@@ -77,16 +88,17 @@ std::vector<HwmonChip> scanHwmonChips(const FileSystemView& files) {
         if (!chip.name) chip.name = readName(files, joinPath(device, "name"));
       }
     }
-    const FileRead status = files.read(joinPath(device, "power/runtime_status"));
-    if (status.ok()) chip.runtimeStatus = sysfsString(status.text);
-    if (isAsleep(chip.runtimeStatus)) {
-      chip.skip = HwmonSkip::deviceAsleep;
-    } else if (chip.name && isCostlyChip(*chip.name)) {
-      chip.skip = HwmonSkip::costlyRead;
-    }
+    chip.runtimeStatus = runtimeStatusOf(files, chip);
+    chip.skip = skipOf(chip);
     chips.push_back(std::move(chip));
   }
   return chips;
+}
+
+void refreshHwmonChip(const FileSystemView& files, HwmonChip& chip) {
+  if (chip.runtimeStatus.empty() || (chip.name && isCostlyChip(*chip.name))) return;
+  chip.runtimeStatus = runtimeStatusOf(files, chip);
+  chip.skip = skipOf(chip);
 }
 
 std::vector<ThermalZone> scanThermalZones(const FileSystemView& files) {

@@ -48,6 +48,11 @@ struct ThermalZone {
 // inputs are not.
 std::vector<HwmonChip> scanHwmonChips(const FileSystemView& files);
 
+// Reads again what may change about a listed chip between two listings: whether its device
+// sleeps. A chip whose device has no runtime status, or whose inputs are never read because each
+// read is costly, reads nothing.
+void refreshHwmonChip(const FileSystemView& files, HwmonChip& chip);
+
 // Every thermal zone in natural order with its type; temperatures are not read.
 std::vector<ThermalZone> scanThermalZones(const FileSystemView& files);
 

@@ -3,7 +3,6 @@
 #include <QLinearGradient>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
 
@@ -16,13 +15,13 @@ namespace brimly {
 
 namespace {
 
-// The whole pixels `rect` (in a cell) touches inside the grid, with a pixel to spare on every side
-// for antialiased edges.
 // Two bar values are the same value; not a number is the same as itself.
 bool sameValue(double a, double b) {
   return a == b || (std::isnan(a) && std::isnan(b));
 }
 
+// The whole pixels `rect` (in a cell) touches inside the grid, with a pixel to spare on every side
+// for antialiased edges.
 QRect repaintArea(const Rect& rect, const CellPlacement& placement) {
   return toQRectF(rect)
       .translated(placement.frame.x, placement.frame.y)
@@ -30,11 +29,10 @@ QRect repaintArea(const Rect& rect, const CellPlacement& placement) {
       .adjusted(-1, -1, 1, 1);
 }
 
-void fillCapsule(QPainter& painter, const Rect& frame, const QBrush& brush) {
-  QPainterPath capsule;
-  const double radius = std::min(frame.width, frame.height) / 2.0;
-  capsule.addRoundedRect(toQRectF(frame), radius, radius);
-  painter.fillPath(capsule, brush);
+// The theme's colours as Qt draws them, converted once.
+const QColor& secondaryText() {
+  static const QColor colour = toQColor(Theme::secondaryForeground);
+  return colour;
 }
 
 // Draws `line` with its line box at `frame`, in a font of `ascent`.
@@ -50,13 +48,14 @@ UsageView::UsageView(int columns, double cellWidth, UsageTypography typography, 
     : QWidget(parent),
       columns_(columns),
       cellWidth_(cellWidth),
-      typography_(std::move(typography)),
-      values_(typography_) {
+      fonts_(typography),
+      cell_(MetricGridLayout::cellLayout(cellWidth_, UsageTypography::headerHeight)),
+      track_({cell_.bar.width, cell_.bar.height}),
+      values_(std::move(typography)) {
   setAttribute(Qt::WA_TranslucentBackground);
   setAttribute(Qt::WA_NoSystemBackground);
   setAutoFillBackground(false);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  cell_ = MetricGridLayout::cellLayout(cellWidth_, headerHeight());
   connect(&frameTimer_, &FrameTimer::frame, this, &UsageView::advance);
   rebuild();
   resize(sizeHint());
@@ -99,6 +98,7 @@ void UsageView::rebuild() {
   const std::vector<CellPlacement> oldCells = grid_.cells;
 
   contents_.clear();
+  styles_.clear();
   std::map<MetricKind::Value, CellMotion> kept;
   for (const MetricKind kind : order_) {
     MetricCellContent content = MetricCellContent::of(kind, sample_, useFahrenheit_);
@@ -128,6 +128,10 @@ void UsageView::rebuild() {
     }
     motion.currentPrimary = content.primary;
     kept.insert_or_assign(kind.value(), std::move(motion));
+    // The colours follow the new value at once; only the length glides.
+    const ColorPair bar = colors(content.barValue, content.palette);
+    styles_.push_back(
+        {QString::fromStdString(content.label), toQColor(bar.start), toQColor(bar.end)});
     contents_.push_back(std::move(content));
   }
   motion_ = std::move(kept);
@@ -143,22 +147,37 @@ void UsageView::rebuild() {
   } else {
     // Only the parts that show something new are repainted; most samples change one or two.
     for (std::size_t i = 0; i < contents_.size(); ++i) {
-      repaintChangedParts(grid_.cells[i], oldContents[i], contents_[i], now);
+      markChangedParts(grid_.cells[i], oldContents[i], contents_[i], now);
     }
   }
   advance(now);  // the first step of what moves, painted in the same turn
 }
 
-void UsageView::repaintChangedParts(const CellPlacement& placement, const MetricCellContent& before,
-                                    const MetricCellContent& after, double now) {
+void UsageView::markChangedParts(const CellPlacement& placement, const MetricCellContent& before,
+                                 const MetricCellContent& after, double now) {
   // What moves (a bar's length, a value text that changes with its value) is left to `advance`.
   const CellMotion& motion = motion_.at(placement.kind.value());
   const bool newText = before.primary != after.primary && !motion.text.isRunning(now);
-  if (before.label != after.label || newText) update(headerArea(placement));
+  if (before.label != after.label || newText) unpainted_ += headerArea(placement);
   if (colors(before.barValue, before.palette) != colors(after.barValue, after.palette)) {
-    update(barArea(placement));
+    unpainted_ += barArea(placement);
   }
-  if (before.secondary != after.secondary) update(detailArea(placement));
+  if (before.secondary != after.secondary) unpainted_ += detailArea(placement);
+}
+
+void UsageView::paintMarkedParts() {
+  if (unpainted_.isEmpty()) return;
+  // An opaque grid needs nothing beneath it drawn again, so its parts are painted at once, by the
+  // frame or sample that changed them, rather than in a later turn of the event loop, which would
+  // wake the program once more for every frame. Drawn through a layer (while the card fades or
+  // cuts it), the grid waits for the window's next paint, so that card and grid are drawn
+  // together.
+  if (testAttribute(Qt::WA_OpaquePaintEvent)) {
+    repaint(unpainted_);
+  } else {
+    update(unpainted_);
+  }
+  unpainted_ = QRegion();
 }
 
 bool UsageView::anyRunning(double now) const {
@@ -197,14 +216,29 @@ QRect UsageView::headerArea(const CellPlacement& placement) const {
   return repaintArea(cell_.header, placement);
 }
 
+QRect UsageView::valueArea(const CellPlacement& placement, const CellMotion& motion,
+                           const MetricCellContent& content) {
+  // Wide enough for either text, drawn as on screen, with room for a glyph reaching past its
+  // text's start; the label keeps further away than that.
+  const double width = values_.width(motion.previousPrimary, content.primary, *this) +
+                       MetricGridLayout::headerSpacing / 2.0;
+  const Rect& header = cell_.header;
+  return repaintArea({header.maxX() - width, header.y, width, header.height}, placement);
+}
+
 void UsageView::advance(double now) {
-  for (const CellPlacement& placement : grid_.cells) {
+  for (std::size_t i = 0; i < grid_.cells.size() && i < contents_.size(); ++i) {
+    const CellPlacement& placement = grid_.cells[i];
     CellMotion& motion = motion_.at(placement.kind.value());
     const CellLook look = lookAt(motion, now);
-    if (look.barFill != motion.shown.barFill) update(barArea(placement));
-    if (look.textStep != motion.shown.textStep) update(headerArea(placement));
+    if (look.barFill != motion.shown.barFill) unpainted_ += barArea(placement);
+    // A step of the value's text leaves the label as it is.
+    if (look.textStep != motion.shown.textStep) {
+      unpainted_ += valueArea(placement, motion, contents_[i]);
+    }
     motion.shown = look;
   }
+  paintMarkedParts();
   scheduleNextFrame(now);
 }
 
@@ -242,48 +276,56 @@ void UsageView::paintEvent(QPaintEvent* event) {
   }
   for (std::size_t i = 0; i < grid_.cells.size() && i < contents_.size(); ++i) {
     const CellPlacement& placement = grid_.cells[i];
+    const bool header = region.intersects(headerArea(placement));
+    const bool bar = region.intersects(barArea(placement));
+    const bool detail = region.intersects(detailArea(placement));
+    if (!header && !bar && !detail) continue;
     const CellMotion& motion = motion_.at(placement.kind.value());
     painter.save();
     painter.translate(placement.frame.x, placement.frame.y);
-    if (region.intersects(headerArea(placement))) paintHeader(painter, contents_[i], motion, now);
-    if (region.intersects(barArea(placement))) paintBar(painter, contents_[i], motion, now);
-    if (region.intersects(detailArea(placement))) paintDetail(painter, contents_[i]);
+    if (header) paintHeader(painter, region, placement, i, now);
+    if (bar) paintBar(painter, styles_[i], motion, now);
+    if (detail) paintDetail(painter, contents_[i]);
     painter.restore();
   }
 }
 
-// The label at the leading edge, the value at the trailing edge.
-void UsageView::paintHeader(QPainter& painter, const MetricCellContent& content,
-                            const CellMotion& motion, double now) {
+// The label at the leading edge, unless only the value is repainted, and the value at the
+// trailing edge.
+void UsageView::paintHeader(QPainter& painter, const QRegion& region,
+                            const CellPlacement& placement, std::size_t cell, double now) {
   const QPaintDevice& device = *painter.device();
   const ShapedLines::Line& label =
-      labels_.line(QString::fromStdString(content.label), typography_.labelFont(device), device);
-  drawLine(painter, cell_.labelFrame({label.advance, labels_.height()}), labels_.ascent(), label,
-           toQColor(Theme::secondaryForeground));
-
-  values_.paint(painter, motion.previousPrimary, content.primary, textStep(motion, now), cell_);
+      labels_.line(styles_[cell].label, fonts_.on(device).label, device);
+  const Rect labelFrame = cell_.labelFrame({label.advance, labels_.height()});
+  if (region.intersects(repaintArea(labelFrame, placement))) {
+    drawLine(painter, labelFrame, labels_.ascent(), label, secondaryText());
+  }
+  const CellMotion& motion = motion_.at(placement.kind.value());
+  values_.paint(painter, motion.previousPrimary, contents_[cell].primary, textStep(motion, now),
+                cell_);
 }
 
 // A faint full-width track, and the coloured fill over it.
-void UsageView::paintBar(QPainter& painter, const MetricCellContent& content,
-                         const CellMotion& motion, double now) const {
-  fillCapsule(painter, cell_.bar, toQColor(Theme::barTrack));
+void UsageView::paintBar(QPainter& painter, const CellStyle& style, const CellMotion& motion,
+                         double now) {
+  track_.paint(painter, {cell_.bar.x, cell_.bar.y});
+  painter.setPen(Qt::NoPen);
   const Rect fill = cell_.barFillFrame(barValueShown(motion, now));
-  // The colours follow the new value at once; only the length glides.
-  const ColorPair pair = colors(content.barValue, content.palette);
   QLinearGradient gradient(QPointF(fill.x, 0.0), QPointF(fill.x + fill.width, 0.0));
-  gradient.setColorAt(0.0, toQColor(pair.start));
-  gradient.setColorAt(1.0, toQColor(pair.end));
-  fillCapsule(painter, fill, gradient);
+  gradient.setColorAt(0.0, style.barStart);
+  gradient.setColorAt(1.0, style.barEnd);
+  painter.setBrush(gradient);
+  fillCapsule(painter, fill);
 }
 
 void UsageView::paintDetail(QPainter& painter, const MetricCellContent& content) {
   const QPaintDevice& device = *painter.device();
   const ShapedLines::Line& detail =
-      details_.line(QString::fromStdString(content.secondary), typography_.detailFont(device),
-                    device, cell_.detail.width);
+      details_.line(QString::fromStdString(content.secondary), fonts_.on(device).detail, device,
+                    cell_.detail.width);
   drawLine(painter, cell_.detailTextFrame({detail.advance, details_.height()}), details_.ascent(),
-           detail, toQColor(Theme::secondaryForeground));
+           detail, secondaryText());
 }
 
 }  // namespace brimly

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QColor>
+#include <QRegion>
+#include <QString>
 #include <QWidget>
 #include <map>
 #include <optional>
@@ -14,7 +17,9 @@
 #include "usage/MetricCellContent.h"
 #include "usage/MetricGridLayout.h"
 #include "usage/ValueTransition.h"
+#include "usage/views/BarTrack.h"
 #include "usage/views/ShapedLines.h"
+#include "usage/views/UsageFonts.h"
 #include "usage/views/UsageTypography.h"
 #include "usage/views/ValueTextRenderer.h"
 
@@ -90,6 +95,13 @@ class UsageView : public QWidget, public AccessibleParts {
     bool operator==(const CellLook&) const = default;
   };
 
+  // What painting a cell takes from its content, made once per sample rather than on every frame.
+  struct CellStyle {
+    QString label;
+    QColor barStart;
+    QColor barEnd;
+  };
+
   struct CellMotion {
     EasedAnimation bar{barAnimationSeconds};
     // From 0 (the previous text) to 1 (the current one), over the transition's steps.
@@ -113,34 +125,44 @@ class UsageView : public QWidget, public AccessibleParts {
   double barValueShown(const CellMotion& motion, double now) const;
   // The bar's fill for `value` in the steps of `CellLook`.
   long barStep(double value) const;
-  void repaintChangedParts(const CellPlacement& placement, const MetricCellContent& before,
-                           const MetricCellContent& after, double now);
+  // Marks the parts of the cell at `placement` that show something new for repainting.
+  void markChangedParts(const CellPlacement& placement, const MetricCellContent& before,
+                        const MetricCellContent& after, double now);
+  // Paints the marked parts together, in one paint.
+  void paintMarkedParts();
   // The parts of the cell at `placement` that are repainted on their own, in the grid's pixels.
   QRect headerArea(const CellPlacement& placement) const;
+  // The part of the header that the value's text takes while it changes as `motion` says.
+  QRect valueArea(const CellPlacement& placement, const CellMotion& motion,
+                  const MetricCellContent& content);
   QRect barArea(const CellPlacement& placement) const;
   QRect detailArea(const CellPlacement& placement) const;
-  void paintHeader(QPainter& painter, const MetricCellContent& content, const CellMotion& motion,
-                   double now);
-  void paintBar(QPainter& painter, const MetricCellContent& content, const CellMotion& motion,
-                double now) const;
+  // Paints the header of the `cell`-th cell, at `placement`, where `region` (in the grid's pixels)
+  // asks for it.
+  void paintHeader(QPainter& painter, const QRegion& region, const CellPlacement& placement,
+                   std::size_t cell, double now);
+  void paintBar(QPainter& painter, const CellStyle& style, const CellMotion& motion, double now);
   void paintDetail(QPainter& painter, const MetricCellContent& content);
 
   int columns_;
   double cellWidth_;
-  UsageTypography typography_;
+  UsageFonts fonts_;
   CellGeometry cell_;  // the inside of every cell, which depends only on the width
   MetricSample sample_;
   std::vector<MetricKind> order_ = MetricKind::defaultOrder();
   bool useFahrenheit_ = false;
 
   std::vector<MetricCellContent> contents_;
+  std::vector<CellStyle> styles_;  // one for each of `contents_`
   GridGeometry grid_;
   std::map<MetricKind::Value, CellMotion> motion_;
+  QRegion unpainted_;  // the parts marked for repainting, in the grid's pixels
   FrameTimer frameTimer_{frameIntervalMs};
   // The device pixels to a point, as of the last sample (at most five seconds old): the widget's
   // own lookup walks up to the screen, too slow for every frame. It only decides which frames are
   // worth painting, so a screen change may take a sample to show in it.
   double pixelRatio_ = 1.0;
+  BarTrack track_;
   ShapedLines labels_;
   ValueTextRenderer values_;
   ShapedLines details_;

@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "usage/MetricGridLayout.h"
+#include "usage/ValueTransition.h"
 #include "usage/views/ShapedLines.h"
+#include "usage/views/UsageFonts.h"
 #include "usage/views/UsageTypography.h"
 
 class QPainter;
@@ -32,16 +34,35 @@ class ValueTextRenderer {
   // `ValueTransition::steps` (`current` at rest, whatever `previous` is).
   std::vector<Placed> place(const std::string& previous, const std::string& current, long step,
                             const CellGeometry& cell, const QPaintDevice& device);
+  // How wide the value is at any step from `previous` to `current` on `device`: the wider text.
+  double width(const std::string& previous, const std::string& current, const QPaintDevice& device);
   // Draws them in the primary colour.
   void paint(QPainter& painter, const std::string& previous, const std::string& current, long step,
              const CellGeometry& cell);
 
  private:
+  // A change from one text to another, as shaped on one device: worked out once, then drawn at
+  // each of its steps.
+  struct Change {
+    std::string from;
+    std::string to;
+    int dpi = 0;  // the resolution they were shaped for
+    ShapedLines::Line before;
+    ShapedLines::Line after;
+    ValueTransition transition;
+  };
+
   const ShapedLines::Line& line(const std::string& text, const QPaintDevice& device);
+  const Change& change(const std::string& previous, const std::string& current,
+                       const QPaintDevice& device);
   QPointF lineOrigin(const ShapedLines::Line& line, const CellGeometry& cell, double lift) const;
 
-  UsageTypography typography_;
+  // Every cell's value can be changing at once.
+  static constexpr std::size_t keptChanges = 6;
+
+  UsageFonts fonts_;
   ShapedLines lines_{true};
+  std::vector<Change> changes_;  // the last ones drawn, the latest last
 };
 
 }  // namespace brimly

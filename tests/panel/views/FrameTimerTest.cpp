@@ -27,6 +27,30 @@ TEST(FrameTimer, SkippedFramesAreFollowedByTheNormalPace) {
   EXPECT_EQ(timer.msToNextFrame(), 33);
 }
 
+TEST(FrameTimer, AFrameSaysWhenTheNextOneComes) {
+  FrameTimer timer(33);
+  int skip = 3;
+  QObject::connect(&timer, &FrameTimer::frame,
+                   [&timer, &skip](double) { timer.resumeAfter(skip); });
+  timer.run();
+  timer.tick();
+  EXPECT_EQ(timer.msToNextFrame(), 99);
+  skip = 1;
+  timer.tick();
+  EXPECT_EQ(timer.msToNextFrame(), 33);
+  timer.tick();
+  EXPECT_EQ(timer.msToNextFrame(), 33);
+  EXPECT_TRUE(timer.isRunning());
+}
+
+TEST(FrameTimer, AFrameThatStopsTheTimerStopsIt) {
+  FrameTimer timer(33);
+  QObject::connect(&timer, &FrameTimer::frame, [&timer](double) { timer.stop(); });
+  timer.resumeAfter(2);
+  timer.tick();
+  EXPECT_FALSE(timer.isRunning());
+}
+
 TEST(FrameTimer, ResumingWaitsAtLeastOneFrame) {
   FrameTimer timer;
   timer.resumeAfter(0);

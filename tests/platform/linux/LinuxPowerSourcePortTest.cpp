@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "FakePlatform.h"
 #include "LinuxTestSupport.h"
 #include "TemporaryTree.h"
 #include "platform/linux/RootedFileSystem.h"
@@ -12,8 +13,12 @@ namespace {
 using testing::recordingFixture;
 using Descriptions = std::vector<std::optional<PropertyDict>>;
 
+// For the readings of one moment, taken together.
+const testing::FakeClock stillClock;
+
 Descriptions descriptionsOf(std::string_view fixture) {
-  auto descriptions = LinuxPowerSourcePort(recordingFixture(fixture)).readPowerSourceDescriptions();
+  auto descriptions =
+      LinuxPowerSourcePort(recordingFixture(fixture), stillClock).readPowerSourceDescriptions();
   EXPECT_TRUE(descriptions.has_value());
   return descriptions.value_or(Descriptions{});
 }
@@ -39,8 +44,9 @@ TEST(LinuxPowerSourcePort, IntelLaptopDischargingWithAnUnsignedCurrent) {
 }
 
 TEST(LinuxPowerSourcePort, IntelLaptopSmartBattery) {
-  const auto properties = LinuxPowerSourcePort(recordingFixture("intel-laptop-discharging"))
-                              .readSmartBatteryProperties();
+  const auto properties =
+      LinuxPowerSourcePort(recordingFixture("intel-laptop-discharging"), stillClock)
+          .readSmartBatteryProperties();
   const PropertyDict expected{
       {"Voltage", std::int64_t{11850}},         {"Amperage", std::int64_t{-1450}},
       {"InstantAmperage", std::int64_t{-1450}}, {"CycleCount", std::int64_t{211}},
@@ -50,7 +56,7 @@ TEST(LinuxPowerSourcePort, IntelLaptopSmartBattery) {
 
 TEST(LinuxPowerSourcePort, ReadsEachUeventOnceAndNoAttributeFile) {
   const auto files = recordingFixture("intel-laptop-discharging");
-  LinuxPowerSourcePort(files).readPowerSourceDescriptions();
+  LinuxPowerSourcePort(files, stillClock).readPowerSourceDescriptions();
   EXPECT_EQ(files->readsOf("sys/class/power_supply/BAT0/uevent"), 1);
   EXPECT_EQ(files->readsOf("sys/class/power_supply/AC/uevent"), 1);
   EXPECT_EQ(files->totalReads(), 2);
@@ -69,8 +75,8 @@ TEST(LinuxPowerSourcePort, AmdLaptopChargingDerivesCurrentFromPower) {
 }
 
 TEST(LinuxPowerSourcePort, AmdLaptopSmartBatteryHasNoChargeCapacities) {
-  const auto properties =
-      LinuxPowerSourcePort(recordingFixture("amd-laptop-charging")).readSmartBatteryProperties();
+  const auto properties = LinuxPowerSourcePort(recordingFixture("amd-laptop-charging"), stillClock)
+                              .readSmartBatteryProperties();
   ASSERT_TRUE(properties.has_value());
   EXPECT_EQ(properties->integer("Voltage"), 16932);
   EXPECT_EQ(properties->integer("Amperage"), 1863);
@@ -80,14 +86,16 @@ TEST(LinuxPowerSourcePort, AmdLaptopSmartBatteryHasNoChargeCapacities) {
 
 TEST(LinuxPowerSourcePort, ADesktopWithOnlyAWirelessMouseHasNoPowerSource) {
   EXPECT_TRUE(descriptionsOf("nvidia-desktop").empty());
-  EXPECT_EQ(LinuxPowerSourcePort(recordingFixture("nvidia-desktop")).readSmartBatteryProperties(),
+  EXPECT_EQ(LinuxPowerSourcePort(recordingFixture("nvidia-desktop"), stillClock)
+                .readSmartBatteryProperties(),
             std::nullopt);
 }
 
 TEST(LinuxPowerSourcePort, AVirtualMachineHasNoPowerSource) {
   EXPECT_TRUE(descriptionsOf("vm-bare").empty());
-  EXPECT_EQ(LinuxPowerSourcePort(recordingFixture("vm-bare")).readSmartBatteryProperties(),
-            std::nullopt);
+  EXPECT_EQ(
+      LinuxPowerSourcePort(recordingFixture("vm-bare"), stillClock).readSmartBatteryProperties(),
+      std::nullopt);
 }
 
 TEST(LinuxPowerSourcePort, AFullBatteryOnMainsDrawsNothing) {
@@ -102,7 +110,7 @@ TEST(LinuxPowerSourcePort, AFullBatteryOnMainsDrawsNothing) {
 
 TEST(LinuxPowerSourcePort, BrokenContentFallsBackToFilesAndLeavesGarbageOut) {
   const auto files = recordingFixture("broken");
-  const auto descriptions = LinuxPowerSourcePort(files).readPowerSourceDescriptions();
+  const auto descriptions = LinuxPowerSourcePort(files, stillClock).readPowerSourceDescriptions();
   ASSERT_TRUE(descriptions.has_value());
   // AC reports garbage for "online", so it says nothing about mains; BAT1 cannot be read.
   ASSERT_EQ(descriptions->size(), 1u);
@@ -117,7 +125,7 @@ TEST(LinuxPowerSourcePort, BrokenContentFallsBackToFilesAndLeavesGarbageOut) {
 
 TEST(LinuxPowerSourcePort, NoPowerSupplyDirectoryGivesAnEmptyList) {
   testing::TemporaryTree tree;
-  LinuxPowerSourcePort port(std::make_shared<RootedFileSystem>(tree.root()));
+  LinuxPowerSourcePort port(std::make_shared<RootedFileSystem>(tree.root()), stillClock);
   const auto descriptions = port.readPowerSourceDescriptions();
   ASSERT_TRUE(descriptions.has_value());
   EXPECT_TRUE(descriptions->empty());
@@ -131,7 +139,7 @@ TEST(LinuxPowerSourcePort, FollowsPluggingIn) {
   tree.write("sys/class/power_supply/BAT0/uevent",
              "POWER_SUPPLY_TYPE=Battery\nPOWER_SUPPLY_STATUS=Discharging\n"
              "POWER_SUPPLY_CURRENT_NOW=1000000\nPOWER_SUPPLY_VOLTAGE_NOW=12000000\n");
-  LinuxPowerSourcePort port(std::make_shared<RootedFileSystem>(tree.root()));
+  LinuxPowerSourcePort port(std::make_shared<RootedFileSystem>(tree.root()), stillClock);
   EXPECT_EQ((*port.readPowerSourceDescriptions())[0]->integer("Current"), -1000);
   tree.write("sys/class/power_supply/AC/uevent",
              "POWER_SUPPLY_TYPE=Mains\nPOWER_SUPPLY_ONLINE=1\n");
@@ -142,6 +150,57 @@ TEST(LinuxPowerSourcePort, FollowsPluggingIn) {
   EXPECT_EQ(battery.integer("Current"), 1000);
   EXPECT_EQ(*battery.string("Power Source State"), "AC Power");
   EXPECT_EQ(battery.boolean("Is Charging"), true);
+}
+
+constexpr const char* kMains = "POWER_SUPPLY_TYPE=Mains\nPOWER_SUPPLY_ONLINE=0\n";
+constexpr const char* kBattery =
+    "POWER_SUPPLY_TYPE=Battery\nPOWER_SUPPLY_STATUS=Discharging\n"
+    "POWER_SUPPLY_CURRENT_NOW=1000000\nPOWER_SUPPLY_VOLTAGE_NOW=12000000\n";
+
+std::vector<std::string> namesReadBy(LinuxPowerSourcePort& port) {
+  return namesOf(port.readPowerSourceDescriptions().value_or(Descriptions{}));
+}
+
+TEST(LinuxPowerSourcePort, BetweenListingsOnlyTheSuppliesThemselvesAreRead) {
+  const auto files = recordingFixture("intel-laptop-discharging");
+  testing::FakeClock clock;
+  LinuxPowerSourcePort port(files, clock);
+  port.readPowerSourceDescriptions();
+  clock.advance(ListingRefresh::intervalSeconds - 1.0);
+  files->forget();
+  EXPECT_EQ(namesOf(*port.readPowerSourceDescriptions()), (std::vector<std::string>{"BAT0", "AC"}));
+  EXPECT_EQ(files->listingsOf("sys/class/power_supply"), 0);
+  EXPECT_EQ(files->readsOf("sys/class/power_supply/BAT0/uevent"), 1);
+  EXPECT_EQ(files->readsOf("sys/class/power_supply/AC/uevent"), 1);
+  EXPECT_EQ(files->totalReads(), 2);
+}
+
+TEST(LinuxPowerSourcePort, ABatteryPluggedInShowsOnceTheListingIsDue) {
+  testing::TemporaryTree tree;
+  tree.write("sys/class/power_supply/AC/uevent", kMains);
+  testing::FakeClock clock;
+  LinuxPowerSourcePort port(std::make_shared<RootedFileSystem>(tree.root()), clock);
+  EXPECT_EQ(namesReadBy(port), (std::vector<std::string>{"AC"}));
+  tree.write("sys/class/power_supply/BAT0/uevent", kBattery);
+  clock.advance(ListingRefresh::intervalSeconds - 1.0);
+  EXPECT_EQ(namesReadBy(port), (std::vector<std::string>{"AC"}));
+  clock.advance(1.0);
+  EXPECT_EQ(namesReadBy(port), (std::vector<std::string>{"BAT0", "AC"}));
+}
+
+TEST(LinuxPowerSourcePort, ASupplyThatGoesAwayIsNeitherShownNorLookedForAgain) {
+  testing::TemporaryTree tree;
+  tree.write("sys/class/power_supply/AC/uevent", kMains);
+  tree.write("sys/class/power_supply/BAT0/uevent", kBattery);
+  const auto files = std::make_shared<testing::RecordingFileSystem>(tree.root());
+  LinuxPowerSourcePort port(files, stillClock);
+  EXPECT_EQ(namesReadBy(port), (std::vector<std::string>{"BAT0", "AC"}));
+  tree.remove("sys/class/power_supply/BAT0");
+  EXPECT_EQ(namesReadBy(port), (std::vector<std::string>{"AC"}));
+  files->forget();
+  EXPECT_EQ(namesReadBy(port), (std::vector<std::string>{"AC"}));
+  EXPECT_EQ(files->listingsOf("sys/class/power_supply"), 1);  // at once, not half a minute later
+  EXPECT_TRUE(files->readsEndingIn("BAT0/uevent").empty());
 }
 
 }  // namespace

@@ -29,6 +29,7 @@ FileRead RecordingFileSystem::read(std::string_view path) const {
 }
 
 std::vector<std::string> RecordingFileSystem::list(std::string_view path) const {
+  listings_.emplace_back(path);
   return inner_->list(path);
 }
 
@@ -46,6 +47,10 @@ void RecordingFileSystem::refuse(std::string suffix, int error) {
 
 int RecordingFileSystem::readsOf(std::string_view path) const {
   return static_cast<int>(std::count(reads_.begin(), reads_.end(), path));
+}
+
+int RecordingFileSystem::listingsOf(std::string_view path) const {
+  return static_cast<int>(std::count(listings_.begin(), listings_.end(), path));
 }
 
 std::vector<std::string> RecordingFileSystem::readsEndingIn(std::string_view suffix) const {

@@ -17,8 +17,8 @@ namespace brimly::testing {
 // The absolute path of a fixture tree under tests/platform/linux/fixtures.
 std::string fixturePath(std::string_view name);
 
-// A view of the real file system that records every read and can refuse chosen paths, as an
-// ordinary user is refused RAPL's energy_uj.
+// A view of the real file system that records every read and every listing, and can refuse chosen
+// paths, as an ordinary user is refused RAPL's energy_uj.
 class RecordingFileSystem : public FileSystemView {
  public:
   explicit RecordingFileSystem(std::string root);
@@ -35,12 +35,18 @@ class RecordingFileSystem : public FileSystemView {
   // Every path read that ends in `suffix`.
   std::vector<std::string> readsEndingIn(std::string_view suffix) const;
   int totalReads() const { return static_cast<int>(reads_.size()); }
-  void forget() { reads_.clear(); }
+  // How often the directory `path` was listed.
+  int listingsOf(std::string_view path) const;
+  void forget() {
+    reads_.clear();
+    listings_.clear();
+  }
 
  private:
   std::unique_ptr<FileSystemView> inner_;
   std::vector<std::pair<std::string, int>> refusals_;
   mutable std::vector<std::string> reads_;
+  mutable std::vector<std::string> listings_;
 };
 
 std::shared_ptr<RecordingFileSystem> recordingFixture(std::string_view name);

@@ -139,5 +139,27 @@ TEST(Meminfo, EmptyTextGivesAnEmptyReading) {
   EXPECT_EQ(reading.physicalBytes, 0u);
 }
 
+TEST(Meminfo, TheReadingsFieldsAloneGiveTheSameReading) {
+  const Meminfo only = parseMeminfo(kMeminfo, kMemoryReadingFields);
+  ASSERT_EQ(only.fields.size(), 5u);
+  EXPECT_EQ(only.find("Cached"), std::nullopt);
+  const MemoryReading fromOnly = memoryReadingFromMeminfo(only);
+  const MemoryReading fromAll = memoryReadingFromMeminfo(parseMeminfo(kMeminfo));
+  EXPECT_EQ(fromOnly.vm, fromAll.vm);
+  EXPECT_EQ(fromOnly.swap, fromAll.swap);
+  EXPECT_EQ(fromOnly.physicalBytes, fromAll.physicalBytes);
+  EXPECT_EQ(fromOnly.pageSize, fromAll.pageSize);
+}
+
+TEST(Meminfo, NamedFieldsAreReadUntilEachHasAValue) {
+  constexpr std::string_view names[] = {"MemTotal", "MemFree"};
+  const Meminfo meminfo = parseMeminfo(
+      "MemTotal: twelve kB\nMemFree: 300 kB\nCached: 5 kB\nMemTotal: 1000 kB\nMemFree: 1 kB\n",
+      names);
+  EXPECT_EQ(meminfo.find("MemTotal"), 1000u);  // the garbage line gave none
+  EXPECT_EQ(meminfo.find("MemFree"), 300u);    // the kernel never repeats a name
+  EXPECT_EQ(meminfo.find("Cached"), std::nullopt);
+}
+
 }  // namespace
 }  // namespace brimly

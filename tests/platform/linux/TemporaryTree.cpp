@@ -53,4 +53,8 @@ void TemporaryTree::makeFifo(std::string_view path) const {
   if (::mkfifo(fifo.c_str(), 0600) != 0) throw std::runtime_error("mkfifo failed");
 }
 
+void TemporaryTree::remove(std::string_view path) const {
+  std::filesystem::remove_all(absolute(path));
+}
+
 }  // namespace brimly::testing

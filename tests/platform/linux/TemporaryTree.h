@@ -20,6 +20,8 @@ class TemporaryTree {
   void makeDirectory(std::string_view path) const;
   void makeSymlink(std::string_view path, std::string_view target) const;
   void makeFifo(std::string_view path) const;
+  // Removes a file, or a directory with everything in it.
+  void remove(std::string_view path) const;
 
  private:
   std::string absolute(std::string_view path) const;

@@ -1,6 +1,7 @@
 // The metric grid inside the notch panel's root view.
 #include <gtest/gtest.h>
 
+#include <QBackingStore>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QGraphicsEffect>
@@ -205,6 +206,38 @@ TEST_F(OpenPanelTest, TheGridsFramesLeaveTheCardBeneathAlone) {
   view->render(&onScreen, QPoint(), QRegion(), QWidget::DrawChildren);
   grid->setAttribute(Qt::WA_OpaquePaintEvent, false);
   EXPECT_EQ(onScreen, render());
+}
+
+TEST_F(OpenPanelTest, WhatEachFrameLeavesOnScreenIsTheWholeGridDrawnAnew) {
+  // What the window holds after the grid's partial repaints, and the grid drawn whole.
+  const auto onScreen = [this] {
+    const auto* shown = dynamic_cast<const QImage*>(view->backingStore()->paintDevice());
+    return shown == nullptr ? QImage() : shown->copy(QRect(grid->pos(), grid->size()));
+  };
+  const auto drawnAnew = [this] {
+    QImage image(grid->size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::black);
+    grid->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+  };
+  MetricSample next = sample();
+  next.cpu = 0.91;                     // a long glide and a new value text
+  next.memoryUsedBytes = 12ull << 30;  // a new value and detail line in another cell
+  next.temperatureC = 9.0;             // a value text that gets shorter
+  grid->setSample(next);
+  ASSERT_FALSE(onScreen().isNull());
+  int frames = 0;
+  for (bool first = true; first || (grid->isAnimating() && frames < 100); first = false) {
+    if (!first) {
+      now += grid->frameTimer().msToNextFrame() / 1000.0;
+      grid->frameTimer().tick();
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(onScreen().convertToFormat(QImage::Format_ARGB32_Premultiplied), drawnAnew())
+        << "after frame " << frames;
+    ++frames;
+  }
+  EXPECT_GE(frames, 5);
 }
 
 TEST_F(OpenPanelTest, ASampleRepaintsOnlyTheCellThatChanged) {

@@ -113,6 +113,17 @@ TEST(ValueTextRendererRestTest, AtRestTheWholeTextIsDrawnAtOnce) {
   EXPECT_EQ(placed[0].opacity, 1.0);
 }
 
+TEST(ValueTextRendererRestTest, AChangeIsAsWideAsTheWiderOfItsTexts) {
+  ValueTextRenderer renderer(testing::designedTypography());
+  const QImage device = blankHeader(1.0);
+  const double narrow = renderer.width("9%", "9%", device);
+  const double wide = renderer.width("100%", "100%", device);
+  EXPECT_GT(wide, narrow);
+  EXPECT_EQ(renderer.width("9%", "100%", device), wide);
+  EXPECT_EQ(renderer.width("100%", "9%", device), wide);
+  EXPECT_EQ(renderer.width("", "9%", device), narrow);
+}
+
 TEST(ValueTextRendererRestTest, ThePlaceholderDashIsWiderThanAHyphen) {
   ValueTextRenderer renderer(testing::designedTypography());
   const CellGeometry cell = MetricGridLayout::cellLayout(cellWidth, headerHeight);
