@@ -1,7 +1,6 @@
 #include "app/AppDelegate.h"
 
 #include <QCoreApplication>
-#include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QTimer>
@@ -17,7 +16,6 @@
 #include "desktop/DesktopIntegration.h"
 #include "desktop/QtScreenPort.h"
 #include "panel/views/PanelWindow.h"
-#include "panel/views/QtGeometry.h"
 #include "platform/KeyValueStore.h"
 #include "platform/LoginItemPort.h"
 #include "platform/StatusItemPort.h"
@@ -182,9 +180,9 @@ void AppDelegate::showControlsOnRequest() {
     controlPanel_->showControlPanel();
     return;
   }
-  const QPoint pointer = QCursor::pos();
-  controlPanel_->showControlPanelAt(qtDesktopCoordinates().toBottomLeft(
-      Rect{static_cast<double>(pointer.x()), static_cast<double>(pointer.y()), 1, 1}));
+  if (const std::optional<Rect> anchor = desktop_.controlsAnchor()) {
+    controlPanel_->showControlPanelAt(*anchor);
+  }
 }
 
 void AppDelegate::installSettingsShortcut() {

@@ -72,8 +72,9 @@ class AppDelegate : public QObject {
   bool hasStatusItem() const { return hasStatusItem_; }
 
   // A second launch asks for the controls. Where the desktop showed no tray at launch, the card
-  // opens under the status item if one has come up since, else at the pointer; where it did,
-  // nothing happens (a second launch leaves silently, as everywhere).
+  // opens under the status item if one has come up since, else where the desktop says (at the
+  // pointer where it can be read); where it did, nothing happens (a second launch leaves
+  // silently, as everywhere).
   void showControlsOnRequest();
 
  private:

@@ -59,8 +59,8 @@ void ControlPanelController::screensChanged() {
   if (card_.isVisible()) closeControlPanel();
 }
 
-void ControlPanelController::outsideClick(Point pointer) {
-  if (pointerOnStatusItem(pointer)) return;
+void ControlPanelController::outsideClick(std::optional<Point> pointer) {
+  if (pointer && pointerOnStatusItem(*pointer)) return;
   closeControlPanel();
 }
 
@@ -76,7 +76,7 @@ bool ControlPanelController::pointerOnStatusItem(Point pointer) const {
 
 void ControlPanelController::installControlClickMonitor() {
   std::weak_ptr<ControlPanelController*> weak = self_;
-  controlClickMonitor_ = outsideClicks_.install([weak](Point pointer) {
+  controlClickMonitor_ = outsideClicks_.install([weak](std::optional<Point> pointer) {
     if (auto self = weak.lock()) (*self)->outsideClick(pointer);
   });
 }

@@ -42,9 +42,9 @@ class ControlPanelController {
   // screen, where it would still hold the pointer and the keyboard unseen; it closes.
   void screensChanged();
 
-  // A click that went to another application. A click on the status item is left to the item's
-  // own action, which toggles the card; any other closes it.
-  void outsideClick(Point pointer);
+  // A click that went to another application, where the desktop tells it. A click on the status
+  // item is left to the item's own action, which toggles the card; any other closes it.
+  void outsideClick(std::optional<Point> pointer);
   // A press outside the card while the card holds the pointer (an X11 pop-up): nothing else sees
   // it, so it closes the card here. Answers whether the press may go on to where it landed:
   // not when it landed on the status item, whose action would open the card again.

@@ -20,6 +20,9 @@ Point cardOrigin(const Rect& button, const Rect& area, const Size& card) {
   // where the card opens upwards if it fits there.
   const bool fitsAbove = button.maxY() + card.height <= area.maxY();
   if (y < area.minY() && fitsAbove) y = button.maxY();
+  // An item known only by a click is a guess that may reach into the usable area, or not as far
+  // as the panel's edge: the card never covers the panel, nor leaves the area's other side.
+  if (card.height <= area.height) y = std::clamp(y, area.minY(), area.maxY() - card.height);
   return {x, y};
 }
 

@@ -21,7 +21,8 @@ Rect boundingArea(const std::optional<Rect>& buttonScreenVisibleFrame,
 // in from the right edge and then from the left edge, so the left margin wins when the card is
 // wider than the area. The card's top edge touches the button's bottom edge; when that would put
 // the card below the area (a panel at the bottom of the screen), it opens upwards from the
-// button's top edge instead, when it fits there.
+// button's top edge instead, when it fits there. Either way it then stays inside the area from
+// top to bottom, where the area is tall enough.
 Point cardOrigin(const Rect& button, const Rect& area, const Size& card);
 
 }  // namespace ControlPanelPlacement

@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "core/Geometry.h"
+
 class QWidget;
 
 namespace brimly {
@@ -48,6 +50,10 @@ class DesktopIntegration {
   virtual StatusItemPort& statusItem() = 0;
   virtual OutsideClickMonitorPort& outsideClicks() = 0;
   virtual LoginItemPort& loginItem() = 0;
+  // Where the control card opens when it is asked for without a click on the item (a second
+  // launch where the desktop shows no tray): under the pointer (global bottom-left-origin points),
+  // as Qt reads it. Nothing without a screen.
+  virtual std::optional<Rect> controlsAnchor() const;
   // Whether the control card is a pop-up that holds the pointer while it is shown, so that it
   // sees the press that closes it (X11), rather than a key window whose outside clicks come from
   // `outsideClicks` (macOS).

@@ -28,6 +28,11 @@ std::unique_ptr<DesktopIntegration> makeDesktopIntegration();
 // Whether the running program starts at the user's login, as the system keeps it.
 std::unique_ptr<LoginItemPort> makeLoginItem();
 
-// The build links the one definition of these four that fits the system.
+// The status item of a desktop reached through Qt (a system tray or a D-Bus host).
+// `pointerReadable`: whether Qt reads the pointer's position anywhere on the desktop (X11), for
+// a click whose position the tray does not tell.
+std::unique_ptr<StatusItemPort> makeStatusItem(bool pointerReadable);
+
+// The build links the one definition of these five that fits the system.
 
 }  // namespace brimly

@@ -1,5 +1,6 @@
 #include <unistd.h>
 
+#include <QDBusConnection>
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
@@ -17,6 +18,7 @@
 #include "desktop/layershell/LayerShellDesktopIntegration.h"
 #include "desktop/layershell/WaylandConnection.h"
 #include "desktop/none/PlainDesktopIntegration.h"
+#include "desktop/statusnotifier/DesktopStatusItem.h"
 #include "desktop/x11/X11DesktopIntegration.h"
 #include "desktop/xwayland/XWaylandDesktopIntegration.h"
 #include "platform/linux/XdgAutostartLoginItem.h"
@@ -161,6 +163,14 @@ std::unique_ptr<DesktopIntegration> makeDesktopIntegration() {
 
 std::unique_ptr<LoginItemPort> makeLoginItem() {
   return XdgAutostartLoginItem::forThisUser(executablePath());
+}
+
+std::unique_ptr<StatusItemPort> makeStatusItem(bool pointerReadable) {
+  // GNOME's AppIndicator extension (Ubuntu ships it) shows no item that names no menu.
+  const bool onGnome =
+      QString::fromStdString(variable("XDG_CURRENT_DESKTOP")).split(':').contains("GNOME");
+  return std::make_unique<DesktopStatusItem>(QDBusConnection::sessionBus(), pointerReadable,
+                                             onGnome);
 }
 
 }  // namespace brimly

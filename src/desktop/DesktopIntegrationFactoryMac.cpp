@@ -3,6 +3,7 @@
 #include "desktop/DesktopIntegrationFactory.h"
 #include "desktop/macos/MacDesktopIntegration.h"
 #include "desktop/none/PlainDesktopIntegration.h"
+#include "desktop/tray/TrayStatusItem.h"
 #include "platform/macos/MacLoginItem.h"
 
 namespace brimly {
@@ -26,6 +27,11 @@ std::unique_ptr<DesktopIntegration> makeDesktopIntegration() {
 
 std::unique_ptr<LoginItemPort> makeLoginItem() {
   return makeMacLoginItem();
+}
+
+std::unique_ptr<StatusItemPort> makeStatusItem(bool) {
+  // Only a headless platform gets here: the menu-bar item is the Mac desktop's own.
+  return std::make_unique<TrayStatusItem>();
 }
 
 }  // namespace brimly

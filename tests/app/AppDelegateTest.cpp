@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <QGuiApplication>
 #include <QImage>
 #include <QScreen>
@@ -73,6 +75,7 @@ class FakeDesktop final : public DesktopIntegration {
   StatusItemPort& statusItem() override { return statusItem_; }
   OutsideClickMonitorPort& outsideClicks() override { return outsideClicks_; }
   LoginItemPort& loginItem() override { return loginItem_; }
+  std::optional<Rect> controlsAnchor() const override { return anchor; }
   bool controlCardGrabsPointer() const override { return popUpCard; }
   bool supportsTranslucency() const override { return translucent; }
   void prepareControlCard(QWidget&) override { ++cardPreparations; }
@@ -88,6 +91,7 @@ class FakeDesktop final : public DesktopIntegration {
   testing::FakeLoginItem loginItem_;
   bool translucent = true;
   bool popUpCard = false;
+  std::optional<Rect> anchor = Rect{400, 300, 24, 24};  // where the controls open unasked
   int cardPreparations = 0;
   int cardShowings = 0;
   std::vector<QWidget*> titledWindowsReady;
@@ -459,13 +463,28 @@ TEST_F(AppDelegateTest, AfterTerminationTheShortcutIsGone) {
   EXPECT_EQ(delegate.settingsController()->window(), nullptr);
 }
 
-TEST_F(AppDelegateTest, WithoutATrayASecondLaunchShowsTheCardAtThePointer) {
+TEST_F(AppDelegateTest, WithoutATrayASecondLaunchShowsTheCardWhereTheDesktopSays) {
   desktop_.statusItem_.available = false;
+  desktop_.statusItem_.mainScreen = toRect(screenGeometry());
   AppDelegate& delegate = launch();
   EXPECT_FALSE(delegate.hasStatusItem());
   delegate.showControlsOnRequest();
-  EXPECT_TRUE(delegate.controlPanel()->isVisible());
+  ASSERT_TRUE(delegate.controlPanel()->isVisible());
+  // Centred under the desktop's anchor (unless that leaves the screen), the card's top on the
+  // anchor's bottom, in Qt's top-left coordinates.
+  const QRect card = delegate.controlPanel()->geometry();
+  const int width = screenGeometry().width();
+  EXPECT_EQ(card.left(), std::min(412 - card.width() / 2, width - 6 - card.width()));
+  EXPECT_EQ(card.top(), screenGeometry().height() - 300);
   delegate.controlPanel()->close();
+}
+
+TEST_F(AppDelegateTest, WithoutATrayOrAScreenASecondLaunchShowsNothing) {
+  desktop_.statusItem_.available = false;
+  desktop_.anchor.reset();
+  AppDelegate& delegate = launch();
+  delegate.showControlsOnRequest();
+  EXPECT_FALSE(delegate.controlPanel()->isVisible());
 }
 
 TEST_F(AppDelegateTest, TheDesktopDressesTheSettingsAndAboutWindowsWhenMadeAndEachShow) {

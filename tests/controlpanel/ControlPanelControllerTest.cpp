@@ -6,33 +6,13 @@
 #include <vector>
 
 #include "FakeControlPanelPorts.h"
-#include "controlpanel/ControlCardWindow.h"
 
 namespace brimly {
 namespace {
 
+using testing::FakeCard;
 using testing::FakeOutsideClickMonitor;
 using testing::FakeStatusItem;
-
-// A card window that records where it was shown.
-class FakeCard final : public ControlCardWindow {
- public:
-  bool visible = false;
-  Size size{300, 330};
-  std::vector<Point> shownAt;
-  int closes = 0;
-
-  bool isVisible() const override { return visible; }
-  Size fittingSize() override { return size; }
-  void showAt(Point origin, Size) override {
-    visible = true;
-    shownAt.push_back(origin);
-  }
-  void close() override {
-    visible = false;
-    ++closes;
-  }
-};
 
 class ControlPanelControllerTest : public ::testing::Test {
  protected:
@@ -118,6 +98,14 @@ TEST_F(ControlPanelControllerTest,
   controller.statusItemClicked();
   EXPECT_FALSE(card.visible);
   EXPECT_EQ(card.shownAt.size(), 1u);
+}
+
+TEST_F(ControlPanelControllerTest, AClickWhosePlaceTheDesktopDoesNotTellClosesTheCard) {
+  // Wayland: the keyboard went to another program's window.
+  controller.showControlPanel();
+  monitor.click(std::nullopt);
+  EXPECT_FALSE(card.visible);
+  EXPECT_FALSE(controller.hasOutsideClickMonitor());
 }
 
 TEST_F(ControlPanelControllerTest, APressOutsideAPopUpClosesItAndIsPassedOnUnlessOnTheItem) {

@@ -52,7 +52,7 @@ TEST(ControlPanelPlacement, FollowsTheAreaOfASecondScreen) {
 TEST(ControlPanelPlacement, OpensUpwardsFromAnItemOfABottomPanel) {
   // A 40-high panel at the bottom: the visible frame starts 40 up.
   const Rect aboveBottomPanel{0, 40, 1512, 942};
-  const Rect item{1400, 4, 32, 32};
+  const Rect item{1400, 0, 32, 40};
   const Point origin = ControlPanelPlacement::cardOrigin(item, aboveBottomPanel, card);
   EXPECT_DOUBLE_EQ(origin.y, item.maxY());
   EXPECT_DOUBLE_EQ(origin.x + card.width, 1512 - 6);
@@ -63,6 +63,44 @@ TEST(ControlPanelPlacement, StaysUnderTheItemWhenItFitsNowhereElse) {
   const Rect item{400, 200, 24, 24};
   const Point origin = ControlPanelPlacement::cardOrigin(item, tiny, card);
   EXPECT_DOUBLE_EQ(origin.y, 200 - card.height);
+}
+
+TEST(ControlPanelPlacement, AGuessedItemInsideATopPanelHangsTheCardFromThePanelsEdge) {
+  // A click 12 below the top of a 37-high menu bar: the item taken around it ends 24 down, 13
+  // short of the bar's edge; the card still starts at the edge, not over the bar.
+  const Rect guessed{688, 982 - 24, 24, 24};
+  const Point origin = ControlPanelPlacement::cardOrigin(guessed, screenVisible, card);
+  EXPECT_DOUBLE_EQ(origin.y + card.height, screenVisible.maxY());
+}
+
+TEST(ControlPanelPlacement, AGuessedItemReachingIntoTheAreaKeepsTheCardRightUnderIt) {
+  // A bar that reserves nothing (the area is the whole screen): the card hangs from the item.
+  const Rect wholeScreen{0, 0, 1512, 982};
+  const Rect guessed{688, 982 - 30, 24, 24};
+  const Point origin = ControlPanelPlacement::cardOrigin(guessed, wholeScreen, card);
+  EXPECT_DOUBLE_EQ(origin.y + card.height, guessed.minY());
+}
+
+TEST(ControlPanelPlacement, AGuessedItemInsideABottomPanelOpensTheCardFromThePanelsEdge) {
+  const Rect aboveBottomPanel{0, 40, 1512, 942};
+  const Rect guessed{1400, 8, 24, 24};  // a click 20 above the screen's bottom edge
+  const Point origin = ControlPanelPlacement::cardOrigin(guessed, aboveBottomPanel, card);
+  EXPECT_DOUBLE_EQ(origin.y, aboveBottomPanel.minY());
+}
+
+TEST(ControlPanelPlacement, AClickInTheMiddleOfTheScreenOpensTheCardUnderIt) {
+  const Rect guessed{700, 500, 24, 24};
+  const Point origin = ControlPanelPlacement::cardOrigin(guessed, screenVisible, card);
+  EXPECT_DOUBLE_EQ(origin.x, 712 - 150);
+  EXPECT_DOUBLE_EQ(origin.y, 500 - card.height);
+}
+
+TEST(ControlPanelPlacement, AClickNearTheBottomWithoutRoomAboveStaysInsideTheArea) {
+  // Too low for the card to hang under it, too high for it to open upwards above it.
+  const Rect screen{0, 0, 800, 600};
+  const Rect guessed{400, 290, 24, 24};
+  const Point origin = ControlPanelPlacement::cardOrigin(guessed, screen, card);
+  EXPECT_DOUBLE_EQ(origin.y, 0);
 }
 
 TEST(ControlPanelPlacement, TheAreaIsTheButtonsScreenThenTheMainScreenThenTheButton) {

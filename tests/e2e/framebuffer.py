@@ -10,6 +10,11 @@ or a screenshot in binary PPM (what grim -t ppm writes), for the Wayland composi
                                                  pixels long, in the column X from Y down for H
                                                  pixels, whose colour differs from the one at
                                                  (X, Y): where controls cross a plain background
+  framebuffer.py changed FILE OTHER X Y W H      bounding box inside the region of the pixels that
+                                                 differ between two screens of one size, as
+                                                 WxH+X+Y, or none
+  framebuffer.py colour-box FILE X Y W H RRGGBB  bounding box inside the region of the pixels of
+                                                 exactly that colour, as WxH+X+Y, or none
   framebuffer.py wait  FILE X Y W H BOX SECONDS  polls until the region's black box is BOX; prints
                                                  the wall-clock time (seconds since the epoch) at
                                                  which it first was; exit status 1 on time-out
@@ -76,6 +81,38 @@ class Framebuffer:
                 start = None
         return middles
 
+    def row(self, x, y, w):
+        start = self.offset + y * self.bytes_per_line + x * self.step
+        return self.map[start:start + w * self.step]
+
+    def changed_box(self, other, x, y, w, h):
+        step, red, blue = self.step, self.red, self.blue
+        spans = []
+        for row in range(y, min(y + h, self.height)):
+            mine, theirs = self.row(x, row, w), other.row(x, row, w)
+            if mine == theirs:  # most rows: nothing to look at pixel by pixel
+                continue
+            differing = [column for column in range(w)
+                         if (mine[column * step + red], mine[column * step + 1],
+                             mine[column * step + blue])
+                         != (theirs[column * other.step + other.red], theirs[column * other.step + 1],
+                             theirs[column * other.step + other.blue])]
+            if differing:
+                spans.append((row, differing[0], differing[-1]))
+        return box_of(x, spans)
+
+    def colour_box(self, x, y, w, h, colour):
+        # Searched for as bytes, row by row: a whole screen takes milliseconds.
+        pattern = bytearray(3)
+        pattern[self.red], pattern[1], pattern[self.blue] = colour
+        spans = []
+        for row in range(y, min(y + h, self.height)):
+            line = self.row(x, row, w)
+            first = first_pixel(line, pattern, self.step)
+            if first is not None:
+                spans.append((row, first, last_pixel(line, pattern, self.step)))
+        return box_of(x, spans)
+
     def black_box(self, x, y, w, h):
         top = bottom = left = right = None
         step = self.step
@@ -99,6 +136,31 @@ class Framebuffer:
         if top is None:
             return "none"
         return f"{right - left + 1}x{bottom - top + 1}+{x + left}+{top}"
+
+
+def first_pixel(line, pattern, step):
+    """The first column of the row whose pixel starts with the pattern's bytes, or None."""
+    at = line.find(pattern)
+    while at >= 0 and at % step:
+        at = line.find(pattern, at + 1)
+    return at // step if at >= 0 else None
+
+
+def last_pixel(line, pattern, step):
+    """The last such column, or None."""
+    at = line.rfind(pattern)
+    while at >= 0 and at % step:
+        at = line.rfind(pattern, 0, at + len(pattern) - 1)
+    return at // step if at >= 0 else None
+
+
+def box_of(x, spans):
+    """WxH+X+Y around (row, first column, last column) spans, the columns counted from x."""
+    if not spans:
+        return "none"
+    left, right = min(span[1] for span in spans), max(span[2] for span in spans)
+    top, bottom = spans[0][0], spans[-1][0]
+    return f"{right - left + 1}x{bottom - top + 1}+{x + left}+{top}"
 
 
 def main(argv):
@@ -128,6 +190,13 @@ def main(argv):
         colour = tuple(bytes.fromhex(argv[7]))
         print(sum(1 for row in range(y, y + h) for column in range(x, x + w)
                   if screen.pixel(column, row) == colour))
+        return 0
+    if command == "changed":
+        x, y, w, h = (int(value) for value in argv[4:8])
+        print(screen.changed_box(Framebuffer(argv[3]), x, y, w, h))
+        return 0
+    if command == "colour-box":
+        print(screen.colour_box(*numbers[:4], tuple(bytes.fromhex(argv[7]))))
         return 0
     if command == "box":
         print(screen.black_box(*numbers[:4]))

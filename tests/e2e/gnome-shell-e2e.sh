@@ -28,37 +28,14 @@ desktop=3465a4
 label=gnome
 
 # --- the desktop ---------------------------------------------------------------------------------
-# The shell insists on a system bus, if only for proxies that nobody owns: a stand-in will do.
-start_bus system-bus DBUS_SYSTEM_BUS_ADDRESS || { echo "FAIL: no system bus"; exit 1; }
-start_bus bus DBUS_SESSION_BUS_ADDRESS || { echo "FAIL: no session bus"; exit 1; }
-export XDG_SESSION_TYPE=wayland XDG_CURRENT_DESKTOP=GNOME
-# A fresh home would get the one-time notices of a first login right at the top centre.
-"${as_user[@]}" mkdir -p "$HOME/.local/share/gnome-shell"
-"${as_user[@]}" touch "$HOME/.local/share/gnome-shell/lock-warning-shown"
-"${as_user[@]}" gsettings set org.gnome.shell welcome-dialog-last-shown-version 999 2>/dev/null
-# Its XWayland takes the displays :0 and :1 (it cannot be told otherwise): the namespace's own.
-"${as_user[@]}" gnome-shell --headless --wayland --virtual-monitor ${width}x$height \
-  --wayland-display wayland-gnome >"$work/shell.log" 2>&1 &
-pids+=($!)
-xauthority() { find "$XDG_RUNTIME_DIR" -maxdepth 1 -name '.mutter-Xwaylandauth.*' | head -n1; }
-shell_started() { grep -q "GNOME Shell started" "$work/shell.log" && test -n "$(xauthority)"; }
-if ! eventually 60 shell_started || ! wait_for_socket; then
-  echo "FAIL: GNOME Shell did not start"
-  tail -n 30 "$work/shell.log"
-  exit 1
-fi
-start_pointer "$here/wayland/gnome-pointer.py" $width $height ||
-  { echo "FAIL: no pointer"; cat "$work/pointer.out"; exit 1; }
+start_gnome_shell
 at() {  # at <x> <y>: a point of the screen
   pointer_at="$1 $2"
   move "$1" "$2"
 }
 at 640 400
 
-shoot() {  # the shell writes the picture as the user, into the user's own folder
-  "${as_user[@]}" "$here/wayland/gnome-screenshot.py" "$XDG_RUNTIME_DIR/shot.png" &&
-    convert "$XDG_RUNTIME_DIR/shot.png" "ppm:$1"
-}
+shoot() { gnome_screen "$1"; }
 start_window_beneath "$logger" || { echo "FAIL: no window beneath"; cat "$work/logger.err"; exit 1; }
 eventually 20 is_clear || { echo "FAIL: the full-screen window did not cover the screen"; exit 1; }
 

@@ -101,6 +101,42 @@ CONFIG
   export SWAYSOCK
 }
 
+# start_gnome_shell [extension UUID…]: headless GNOME Shell 43 (which offers no layer shell), one
+# virtual monitor of width x height, with the system-wide extensions named enabled, on buses of its
+# own, and its remote-desktop pointer; WAYLAND_DISPLAY names it, xauthority its XWayland's cookie
+# file, and gnome_screen <file> reads its screen. Ends the script with a failure where it does not
+# come up.
+start_gnome_shell() {
+  local enabled=
+  for uuid in "$@"; do enabled="${enabled:+$enabled, }'$uuid'"; done
+  # The shell insists on a system bus, if only for proxies that nobody owns: a stand-in will do.
+  start_bus system-bus DBUS_SYSTEM_BUS_ADDRESS || { echo "FAIL: no system bus"; exit 1; }
+  start_bus bus DBUS_SESSION_BUS_ADDRESS || { echo "FAIL: no session bus"; exit 1; }
+  export XDG_SESSION_TYPE=wayland XDG_CURRENT_DESKTOP=GNOME
+  # A fresh home would get the one-time notices of a first login right at the top centre.
+  "${as_user[@]}" mkdir -p "$HOME/.local/share/gnome-shell"
+  "${as_user[@]}" touch "$HOME/.local/share/gnome-shell/lock-warning-shown"
+  "${as_user[@]}" gsettings set org.gnome.shell welcome-dialog-last-shown-version 999 2>/dev/null
+  "${as_user[@]}" gsettings set org.gnome.shell enabled-extensions "[$enabled]" 2>/dev/null
+  # Its XWayland takes the displays :0 and :1 (it cannot be told otherwise): the namespace's own.
+  "${as_user[@]}" gnome-shell --headless --wayland --virtual-monitor ${width}x$height \
+    --wayland-display wayland-gnome >"$work/shell.log" 2>&1 &
+  pids+=($!)
+  if ! eventually 60 gnome_shell_started || ! wait_for_socket; then
+    echo "FAIL: GNOME Shell did not start"
+    tail -n 30 "$work/shell.log"
+    exit 1
+  fi
+  start_pointer "$e2e/wayland/gnome-pointer.py" $width $height ||
+    { echo "FAIL: no pointer"; cat "$work/pointer.out"; exit 1; }
+}
+xauthority() { find "$XDG_RUNTIME_DIR" -maxdepth 1 -name '.mutter-Xwaylandauth.*' | head -n1; }
+gnome_shell_started() { grep -q "GNOME Shell started" "$work/shell.log" && test -n "$(xauthority)"; }
+gnome_screen() {  # the shell writes the picture as the user, into the user's own folder
+  "${as_user[@]}" "$e2e/wayland/gnome-screenshot.py" "$XDG_RUNTIME_DIR/shot.png" &&
+    convert "$XDG_RUNTIME_DIR/shot.png" "ppm:$1"
+}
+
 # start_pointer <driver> <width> <height>: the pointer, commanded through descriptor 3.
 start_pointer() {
   mkfifo "$work/pointer"
@@ -111,12 +147,13 @@ start_pointer() {
 }
 move() { echo "move $1 $2" >&3; }
 
-# start_window_beneath <click logger> [env assignments…]: a full-screen window in the desktop's
-# colour that writes each click it gets, in its points, to $work/clicks; on Qt's Wayland platform.
+# start_window_beneath <click logger> [maximized]: a full-screen (or maximized) window in the
+# desktop's colour that writes each click it gets, in its points, to $work/clicks; on Qt's Wayland
+# platform.
 start_window_beneath() {
   local logger=$1
   shift
-  "${as_user[@]}" env QT_QPA_PLATFORM=wayland "$@" "$logger" "$desktop" >"$work/clicks" \
+  "${as_user[@]}" env QT_QPA_PLATFORM=wayland "$logger" "$desktop" "$@" >"$work/clicks" \
     2>"$work/logger.err" &
   pids+=($!)
   eventually 10 grep -q shown "$work/clicks"

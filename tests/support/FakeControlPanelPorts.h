@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "controlpanel/ControlCardWindow.h"
 #include "platform/LoginItemPort.h"
 #include "platform/OutsideClickMonitorPort.h"
 #include "platform/StatusItemPort.h"
@@ -43,9 +44,9 @@ class FakeOutsideClickMonitor final : public OutsideClickMonitorPort {
   bool refuses = false;
   int installs = 0;
   int removals = 0;
-  std::map<Token, std::function<void(Point)>> live;
+  std::map<Token, std::function<void(std::optional<Point>)>> live;
 
-  std::optional<Token> install(std::function<void(Point)> onClick) override {
+  std::optional<Token> install(std::function<void(std::optional<Point>)> onClick) override {
     ++installs;
     if (refuses) return std::nullopt;
     const Token token = nextToken_++;
@@ -57,7 +58,8 @@ class FakeOutsideClickMonitor final : public OutsideClickMonitorPort {
     live.erase(token);
   }
 
-  void click(Point pointer) const {
+  // A click at `pointer`, or one the desktop tells no place of (nothing).
+  void click(std::optional<Point> pointer) const {
     // A copy: a click may remove the monitor it is delivered by.
     const auto monitors = live;
     for (const auto& [token, onClick] : monitors)
@@ -66,6 +68,26 @@ class FakeOutsideClickMonitor final : public OutsideClickMonitorPort {
 
  private:
   Token nextToken_ = 1;
+};
+
+// A card window that records where it was shown.
+class FakeCard final : public ControlCardWindow {
+ public:
+  bool visible = false;
+  Size size{300, 330};
+  std::vector<Point> shownAt;
+  int closes = 0;
+
+  bool isVisible() const override { return visible; }
+  Size fittingSize() override { return size; }
+  void showAt(Point origin, Size) override {
+    visible = true;
+    shownAt.push_back(origin);
+  }
+  void close() override {
+    visible = false;
+    ++closes;
+  }
 };
 
 // A login item that is registered or not, and that can be told to fail the next toggles.

@@ -9,7 +9,9 @@ namespace brimly {
 // to watch; a monitor here is only a token, and its callback is never run.
 class PopUpClickMonitor final : public OutsideClickMonitorPort {
  public:
-  std::optional<Token> install(std::function<void(Point)>) override { return nextToken_++; }
+  std::optional<Token> install(std::function<void(std::optional<Point>)>) override {
+    return nextToken_++;
+  }
   void remove(Token) override {}
 
  private:

@@ -3,29 +3,36 @@
 #include <memory>
 
 #include "desktop/DesktopIntegration.h"
-#include "desktop/tray/PopUpClickMonitor.h"
-#include "desktop/tray/TrayStatusItem.h"
+#include "desktop/tray/KeyboardLossMonitor.h"
 #include "platform/LoginItemPort.h"
+#include "platform/StatusItemPort.h"
 
 namespace brimly {
 
-// What a desktop reached through Qt gives the control card: an icon in the system tray, a card
-// that is a pop-up and sees the clicks that close it itself, and the system's login item. The
-// desktops below Qt (X11, or none at all) add the panel's part.
+// What a desktop reached through Qt gives the control card: an item in the system tray, a card
+// that is a window of its own, closed by a click elsewhere when that click takes the keyboard
+// from Brimly (Wayland compositors tell a program nothing else of clicks outside its windows, and
+// XWayland tells its X11 programs nothing of clicks on Wayland windows), and the system's login
+// item. The desktops below Qt (X11, XWayland, the layer shell, or none at all) add the panel's
+// part; X11 makes the card a pop-up.
 class TrayDesktopIntegration : public DesktopIntegration {
  public:
-  TrayDesktopIntegration();
+  // `pointerReadable`: whether Qt reads the pointer's position anywhere on the desktop (X11).
+  explicit TrayDesktopIntegration(bool pointerReadable = false);
 
-  StatusItemPort& statusItem() override { return statusItem_; }
+  StatusItemPort& statusItem() override { return *statusItem_; }
   OutsideClickMonitorPort& outsideClicks() override { return outsideClicks_; }
   LoginItemPort& loginItem() override { return *loginItem_; }
-  bool controlCardGrabsPointer() const override { return true; }
+  // Under the pointer where Qt reads it anywhere (X11), else under the top-right corner.
+  std::optional<Rect> controlsAnchor() const override;
+  bool controlCardGrabsPointer() const override { return false; }
   void prepareControlCard(QWidget&) override {}
   void controlCardShown(QWidget& card) override;
 
  private:
-  TrayStatusItem statusItem_;
-  PopUpClickMonitor outsideClicks_;
+  bool pointerReadable_;
+  std::unique_ptr<StatusItemPort> statusItem_;
+  KeyboardLossMonitor outsideClicks_;
   std::unique_ptr<LoginItemPort> loginItem_;
 };
 

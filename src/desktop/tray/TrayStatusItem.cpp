@@ -1,27 +1,15 @@
 #include "desktop/tray/TrayStatusItem.h"
 
 #include <QCursor>
-#include <QGuiApplication>
-#include <QScreen>
 #include <QSystemTrayIcon>
 #include <utility>
 
 #include "artwork/Symbols.h"
+#include "desktop/tray/ItemFrames.h"
+#include "desktop/tray/ItemPlace.h"
 #include "panel/views/QtGeometry.h"
 
 namespace brimly {
-namespace {
-
-// A tray that keeps its icons' places to itself: the icon is taken to be a square of this size
-// around the pointer at the click.
-constexpr int guessedIconSize = 24;
-
-std::optional<Rect> visibleFrameOf(const QScreen* screen) {
-  if (screen == nullptr) return std::nullopt;
-  return qtDesktopCoordinates().toBottomLeft(toRect(screen->availableGeometry()));
-}
-
-}  // namespace
 
 TrayStatusItem::TrayStatusItem(QObject* parent) : QObject(parent) {}
 
@@ -48,29 +36,26 @@ bool TrayStatusItem::install(const StatusItemAppearance& appearance,
   return QSystemTrayIcon::isSystemTrayAvailable();
 }
 
-std::optional<QRect> TrayStatusItem::iconGeometry() const {
+std::optional<Rect> TrayStatusItem::iconGeometry() const {
   if (!tray_ || !tray_->isVisible()) return std::nullopt;
   const QRect geometry = tray_->geometry();
-  if (geometry.isValid() && !geometry.isEmpty()) return geometry;
+  if (geometry.isValid() && !geometry.isEmpty()) return toRect(geometry);
+  // A tray that keeps its icons' places to itself: the icon is taken to be around the pointer at
+  // the click.
   if (!lastClick_) return std::nullopt;
-  return QRect(*lastClick_ - QPoint(guessedIconSize / 2, guessedIconSize / 2),
-               QSize(guessedIconSize, guessedIconSize));
+  return ItemPlace::around(Point{double(lastClick_->x()), double(lastClick_->y())});
 }
 
 std::optional<Rect> TrayStatusItem::buttonFrame() const {
-  const std::optional<QRect> geometry = iconGeometry();
-  if (!geometry) return std::nullopt;
-  return qtDesktopCoordinates().toBottomLeft(toRect(*geometry));
+  return ItemFrames::button(iconGeometry());
 }
 
 std::optional<Rect> TrayStatusItem::buttonScreenVisibleFrame() const {
-  const std::optional<QRect> geometry = iconGeometry();
-  if (!geometry) return std::nullopt;
-  return visibleFrameOf(QGuiApplication::screenAt(geometry->center()));
+  return ItemFrames::buttonScreenVisible(iconGeometry());
 }
 
 std::optional<Rect> TrayStatusItem::mainScreenVisibleFrame() const {
-  return visibleFrameOf(QGuiApplication::primaryScreen());
+  return ItemFrames::mainScreenVisible();
 }
 
 }  // namespace brimly

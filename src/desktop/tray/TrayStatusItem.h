@@ -11,9 +11,9 @@ class QSystemTrayIcon;
 
 namespace brimly {
 
-// The status item on a Linux desktop: an icon in the system tray. Trays that report where their
-// icons sit (XEmbed trays) give the card its place under the icon; trays that do not (the D-Bus
-// status-notifier kind) leave the pointer's position at the click as the best guess of it.
+// The status item as Qt's tray icon: an icon in an XEmbed system tray. Trays that report where
+// their icons sit give the card its place under the icon; a tray that does not leaves the pointer's
+// position at the click as the best guess of it.
 class TrayStatusItem final : public QObject, public StatusItemPort {
   Q_OBJECT
 
@@ -27,7 +27,8 @@ class TrayStatusItem final : public QObject, public StatusItemPort {
   std::optional<Rect> mainScreenVisibleFrame() const override;
 
  private:
-  std::optional<QRect> iconGeometry() const;
+  // Where the icon is on Qt's desktop (global points, top-left origin).
+  std::optional<Rect> iconGeometry() const;
 
   std::unique_ptr<QSystemTrayIcon> tray_;
   std::function<void()> onClick_;

@@ -1,13 +1,11 @@
 #include "desktop/x11/X11DesktopIntegration.h"
 
-#include <QGuiApplication>
-#include <QScreen>
 #include <utility>
 
 #include "desktop/HoverNotice.h"
+#include "desktop/PointerMapping.h"
 #include "desktop/QtScreenPort.h"
 #include "desktop/x11/PanelShapeMask.h"
-#include "desktop/x11/PointerMapping.h"
 #include "panel/views/PanelWindow.h"
 #include "platform/x11/X11CompositorWatch.h"
 #include "platform/x11/X11Desktop.h"
@@ -22,18 +20,15 @@ PanelShapeMask::Fit fitFor(bool compositorPresent) {
 
 // The server's pointer pixels as a point of the desktop the screen port describes.
 std::optional<Point> toDesktopPoint(Point rootPixels) {
-  QList<ScreenScale> screens;
-  for (const QScreen* screen : QGuiApplication::screens()) {
-    screens.push_back({screen->geometry(), screen->devicePixelRatio()});
-  }
-  const QPointF logical = logicalFromNative(QPointF(rootPixels.x, rootPixels.y), screens);
+  const QPointF logical = logicalFromNative(QPointF(rootPixels.x, rootPixels.y), qtScreenScales());
   return QtScreenPort::desktopCoordinates().toBottomLeft(Point{logical.x(), logical.y()});
 }
 
 }  // namespace
 
 X11DesktopIntegration::X11DesktopIntegration(HoverRouteChoice route)
-    : route_(std::move(route)),
+    : TrayDesktopIntegration(/*pointerReadable=*/true),
+      route_(std::move(route)),
       pointer_(std::make_unique<X11PointerPort>(toDesktopPoint)),
       desktop_(std::make_unique<X11Desktop>()),
       compositor_(std::make_unique<X11CompositorWatch>()) {}

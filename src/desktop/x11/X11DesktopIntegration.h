@@ -4,6 +4,7 @@
 
 #include "desktop/HoverRoute.h"
 #include "desktop/QtScreenPort.h"
+#include "desktop/tray/PopUpClickMonitor.h"
 #include "desktop/tray/TrayDesktopIntegration.h"
 
 namespace brimly {
@@ -31,6 +32,9 @@ class X11DesktopIntegration final : public TrayDesktopIntegration {
   void rootViewReplaced(PanelWindow& window) override;
   std::optional<std::string> hoverNotice() const override;
 
+  // The card is a pop-up: it holds the pointer while it is shown and sees the press that closes it.
+  OutsideClickMonitorPort& outsideClicks() override { return popUpClicks_; }
+  bool controlCardGrabsPointer() const override { return true; }
   bool supportsTranslucency() const override;
   void followTranslucency(std::function<void()> onChange) override;
 
@@ -46,6 +50,7 @@ class X11DesktopIntegration final : public TrayDesktopIntegration {
   std::unique_ptr<X11CompositorWatch> compositor_;
   std::function<void()> translucencyChanged_;
   std::unique_ptr<PanelShapeMask> mask_;
+  PopUpClickMonitor popUpClicks_;
 };
 
 }  // namespace brimly

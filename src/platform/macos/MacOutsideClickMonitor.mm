@@ -13,7 +13,7 @@ namespace {
 constexpr NSEventMask kClickMask = NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown;
 static_assert(kClickMask == 10);
 
-using ClickHandler = std::function<void(Point)>;
+using ClickHandler = std::function<void(std::optional<Point>)>;
 
 // What one monitor's handler reaches: emptied when the monitor is removed (or the port goes), so
 // that a click already queued for the main thread calls nobody.
@@ -40,7 +40,7 @@ class MacOutsideClickMonitor final : public OutsideClickMonitorPort {
       remove(monitors_.begin()->first);
   }
 
-  std::optional<Token> install(std::function<void(Point pointer)> onClick) override {
+  std::optional<Token> install(std::function<void(std::optional<Point> pointer)> onClick) override {
     @autoreleasepool {
       auto slot = std::make_shared<HandlerSlot>();
       slot->handler = std::make_shared<const ClickHandler>(std::move(onClick));

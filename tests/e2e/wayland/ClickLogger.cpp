@@ -1,8 +1,8 @@
 // The window beneath Brimly's panel in the Wayland end-to-end tests: full screen, of one colour,
 // it writes "shown" once it is on screen and "click X Y" for each press of a mouse button it
-// gets, on standard output.
+// gets, in its own points, on standard output. "maximized" leaves the desktop's bars in sight.
 //
-// usage: brimly_click_logger RRGGBB   (run on Qt's Wayland platform)
+// usage: brimly_click_logger RRGGBB [maximized]   (run on Qt's Wayland platform)
 #include <QApplication>
 #include <QColor>
 #include <QMouseEvent>
@@ -38,11 +38,19 @@ class ClickLogger : public QWidget {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  if (argc != 2) {
-    std::fprintf(stderr, "usage: %s RRGGBB\n", argv[0]);
+  const bool maximized = argc == 3 && QString(argv[2]) == "maximized";
+  if (argc != 2 && !maximized) {
+    std::fprintf(stderr, "usage: %s RRGGBB [maximized]\n", argv[0]);
     return 2;
   }
   ClickLogger window(QColor(QString("#") + argv[1]));
-  window.showFullScreen();
+  if (maximized) {
+    // Without the title bar Qt would draw itself: the window's points start where the desktop's
+    // usable area does.
+    window.setWindowFlag(Qt::FramelessWindowHint);
+    window.showMaximized();
+  } else {
+    window.showFullScreen();
+  }
   return QApplication::exec();
 }

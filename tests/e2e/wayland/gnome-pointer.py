@@ -4,9 +4,11 @@ remote-desktop session of mutter's (org.gnome.Mutter.RemoteDesktop on the sessio
 as brimly_pointer_driver is, one command a line on standard input; it says "ready" once the
 session runs:
 
-  move X Y    puts the pointer at X, Y of the WIDTH x HEIGHT desktop
-  click       presses and releases the left button where it is
-  quit        ends (so does the end of input)
+  move X Y      puts the pointer at X, Y of the WIDTH x HEIGHT desktop
+  click         presses and releases the left button where it is
+  click middle  the same with the middle button (here only)
+  escape        presses and releases Escape (here only)
+  quit          ends (so does the end of input)
 
 The session lasts as long as this program's connection to the bus. It moves the pointer by
 relative motion only (absolute motion would need a screen-cast stream): the first move pushes it
@@ -20,7 +22,7 @@ import sys
 import dbus
 
 SERVICE, PATH = "org.gnome.Mutter.RemoteDesktop", "/org/gnome/Mutter/RemoteDesktop"
-BUTTON_LEFT = 272  # evdev's BTN_LEFT
+BUTTONS = {"left": 272, "middle": 274}  # evdev's BTN_LEFT and BTN_MIDDLE
 KEY_ESCAPE = 0xFF1B  # the X keysym
 
 
@@ -30,8 +32,11 @@ def main():
     remote = dbus.Interface(bus.get_object(SERVICE, PATH), SERVICE)
     session = dbus.Interface(bus.get_object(SERVICE, remote.CreateSession()), SERVICE + ".Session")
     session.Start()
-    for pressed in (True, False):
-        session.NotifyKeyboardKeysym(dbus.UInt32(KEY_ESCAPE), pressed)
+    def escape():
+        for pressed in (True, False):
+            session.NotifyKeyboardKeysym(dbus.UInt32(KEY_ESCAPE), pressed)
+
+    escape()
     position = None
     print("ready", flush=True)
     for line in sys.stdin:
@@ -46,8 +51,11 @@ def main():
             session.NotifyPointerMotionRelative(float(x - position[0]), float(y - position[1]))
             position = (x, y)
         elif words[0] == "click":
+            button = BUTTONS[words[1] if len(words) > 1 else "left"]
             for pressed in (True, False):
-                session.NotifyPointerButton(BUTTON_LEFT, pressed)
+                session.NotifyPointerButton(button, pressed)
+        elif words[0] == "escape":
+            escape()
         elif words[0] == "quit":
             break
         else:

@@ -1,4 +1,4 @@
-#include "desktop/x11/PointerMapping.h"
+#include "desktop/PointerMapping.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,8 @@
-#include "desktop/x11/PointerMapping.h"
+#include "desktop/PointerMapping.h"
 
+#include <QGuiApplication>
 #include <QRectF>
+#include <QScreen>
 
 namespace brimly {
 
@@ -12,6 +14,14 @@ QPointF logicalFromNative(QPointF native, const QList<ScreenScale>& screens) {
     if (nativeArea.contains(native)) return origin + (native - origin) / ratio;
   }
   return native;
+}
+
+QList<ScreenScale> qtScreenScales() {
+  QList<ScreenScale> screens;
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    screens.push_back({screen->geometry(), screen->devicePixelRatio()});
+  }
+  return screens;
 }
 
 }  // namespace brimly
