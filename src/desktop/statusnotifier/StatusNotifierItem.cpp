@@ -48,6 +48,7 @@ StatusNotifierItem::StatusNotifierItem(const QDBusConnection& bus, Look look, bo
       serviceName_(uniqueServiceName()),
       watcherWatch_(new QDBusServiceWatcher(watcherService, bus_,
                                             QDBusServiceWatcher::WatchForOwnerChange, this)) {
+  sinceStart_.start();
   registerStatusNotifierTypes();
   if (namesMenu) {
     new StatusNotifierItemMenuAdaptor(*this);
@@ -80,6 +81,8 @@ StatusNotifierItem::~StatusNotifierItem() {
 }
 
 void StatusNotifierItem::hostClicked(QPoint hostPosition) {
+  const QString caller = calledFromDBus() ? message().service() : QString();
+  if (echoes_.isEcho(caller, hostPosition, sinceStart_.elapsed())) return;
   emit clicked(hostPosition, callingProgram());
 }
 

@@ -2,10 +2,12 @@
 
 #include <QDBusConnection>
 #include <QDBusContext>
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPoint>
 #include <QString>
 
+#include "desktop/statusnotifier/EchoedClicks.h"
 #include "desktop/statusnotifier/StatusNotifierTypes.h"
 
 class QDBusServiceWatcher;
@@ -43,7 +45,7 @@ class StatusNotifierItem final : public QObject, public QDBusContext {
   const QString& serviceName() const { return serviceName_; }
 
   // A host's click (left, middle or right) at `hostPosition`, as the host passed it, during the
-  // host's call.
+  // host's call. A call that only echoes the one before is dropped.
   void hostClicked(QPoint hostPosition);
 
  signals:
@@ -66,6 +68,8 @@ class StatusNotifierItem final : public QObject, public QDBusContext {
   QString serviceName_;
   QDBusServiceWatcher* watcherWatch_;
   bool shown_ = false;
+  EchoedClicks echoes_;
+  QElapsedTimer sinceStart_;
 };
 
 }  // namespace brimly

@@ -122,6 +122,21 @@ TEST_F(StatusNotifierItemTest, EachClickOfTheHostComesWithItsPositionAndTheCalli
     EXPECT_EQ(click.at(1).toString(), thisProgram());
 }
 
+TEST_F(StatusNotifierItemTest, TwoCallsAtOnceForOneClickAreOneClick) {
+  tray->start(/*withHost=*/true);
+  makeItem();
+  QSignalSpy clicks(&*item, &StatusNotifierItem::clicked);
+  // As waybar 0.9 calls from its second click on; then a click elsewhere on the icon.
+  tray->click(item->serviceName(), QStringLiteral("Activate"), 11, 9);
+  tray->click(item->serviceName(), QStringLiteral("Activate"), 11, 9);
+  tray->click(item->serviceName(), QStringLiteral("Activate"), 4, 9);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return clicks.count() == 2; }, patience));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(clicks.count(), 2);
+  EXPECT_EQ(clicks.at(0).at(0).toPoint(), QPoint(11, 9));
+  EXPECT_EQ(clicks.at(1).at(0).toPoint(), QPoint(4, 9));
+}
+
 TEST_F(StatusNotifierItemTest, TheWheelIsNoClick) {
   tray->start(/*withHost=*/true);
   makeItem();
