@@ -24,9 +24,20 @@ if [ -z "${BRIMLY_E2E_IN_NAMESPACES:-}" ]; then
     echo "SKIPPED: private namespaces cannot be made here ($refusal)"
     exit $skip
   fi
+  # What the run needs may itself lie in /tmp (a checkout, a build): the folders of the shared
+  # /tmp, reached through a descriptor opened before it is covered (mount must not resolve that
+  # path by its name, which would now lead into the new /tmp), are bound back into the private
+  # one; its X11 sockets and lock files (dot files, plain files) stay out.
   # shellcheck disable=SC2016  # expanded by the inner shell
   BRIMLY_E2E_IN_NAMESPACES=1 exec "${namespaces[@]}" sh -c \
-    'mount -t tmpfs -o mode=1777 tmpfs /tmp && mkdir -m 1777 /tmp/.X11-unix || exit 1
+    'exec 9</tmp || exit 1
+     mount -t tmpfs -o mode=1777 tmpfs /tmp && mkdir -m 1777 /tmp/.X11-unix || exit 1
+     for shared in /proc/self/fd/9/*; do
+       if [ -d "$shared" ] && [ ! -L "$shared" ]; then
+         mkdir "/tmp/${shared##*/}" && mount --no-canonicalize --bind "$shared" "/tmp/${shared##*/}" || true
+       fi
+     done
+     exec 9<&-
      if [ -d /run/systemd ]; then mount -t tmpfs tmpfs /run/systemd; fi
      exec "$@"' \
     sh "$0" "$@"
