@@ -91,7 +91,8 @@ class FakeDesktop final : public DesktopIntegration {
   testing::FakeLoginItem loginItem_;
   bool translucent = true;
   bool popUpCard = false;
-  std::optional<Rect> anchor = Rect{400, 300, 24, 24};  // where the controls open unasked
+  // Where the controls open unasked: high enough for a card of any face to hang below it.
+  std::optional<Rect> anchor = Rect{400, 450, 24, 24};
   int cardPreparations = 0;
   int cardShowings = 0;
   std::vector<QWidget*> titledWindowsReady;
@@ -475,7 +476,7 @@ TEST_F(AppDelegateTest, WithoutATrayASecondLaunchShowsTheCardWhereTheDesktopSays
   const QRect card = delegate.controlPanel()->geometry();
   const int width = screenGeometry().width();
   EXPECT_EQ(card.left(), std::min(412 - card.width() / 2, width - 6 - card.width()));
-  EXPECT_EQ(card.top(), screenGeometry().height() - 300);
+  EXPECT_EQ(card.top(), screenGeometry().height() - 450);
   delegate.controlPanel()->close();
 }
 

@@ -11,10 +11,10 @@ namespace brimly {
 // once (waybar 0.9 does, from the second click on), and the second would close the card that the
 // first one opened. A call from the same caller at the same position within `windowMs` of the
 // one before is taken for that echo: the two come in one go (under a millisecond apart, as
-// measured), and no hand clicks twice so soon.
+// measured; the window leaves room for a busy machine), and no hand clicks twice so soon.
 class EchoedClicks {
  public:
-  static constexpr qint64 windowMs = 10;
+  static constexpr qint64 windowMs = 50;
 
   // Whether the call from `caller` (its bus name) at `hostPosition`, made at `nowMs` on a steady
   // clock, repeats the one before; every call counts as the one before for the next.

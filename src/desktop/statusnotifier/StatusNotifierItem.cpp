@@ -7,6 +7,7 @@
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <QFile>
+#include <chrono>
 #include <utility>
 
 #include "desktop/statusnotifier/StatusNotifierItemAdaptor.h"
@@ -41,14 +42,14 @@ QDBusMessage callWatcher(const QDBusConnection& bus, const QString& interface,
 }  // namespace
 
 StatusNotifierItem::StatusNotifierItem(const QDBusConnection& bus, Look look, bool namesMenu,
-                                       QObject* parent)
+                                       Clock now, QObject* parent)
     : QObject(parent),
       bus_(bus),
       look_(std::move(look)),
       serviceName_(uniqueServiceName()),
       watcherWatch_(new QDBusServiceWatcher(watcherService, bus_,
-                                            QDBusServiceWatcher::WatchForOwnerChange, this)) {
-  sinceStart_.start();
+                                            QDBusServiceWatcher::WatchForOwnerChange, this)),
+      now_(std::move(now)) {
   registerStatusNotifierTypes();
   if (namesMenu) {
     new StatusNotifierItemMenuAdaptor(*this);
@@ -80,9 +81,15 @@ StatusNotifierItem::~StatusNotifierItem() {
   bus_.unregisterObject(itemPath);
 }
 
+qint64 StatusNotifierItem::steadyMilliseconds() {
+  return std::chrono::duration_cast<std::chrono::milliseconds>(
+             std::chrono::steady_clock::now().time_since_epoch())
+      .count();
+}
+
 void StatusNotifierItem::hostClicked(QPoint hostPosition) {
   const QString caller = calledFromDBus() ? message().service() : QString();
-  if (echoes_.isEcho(caller, hostPosition, sinceStart_.elapsed())) return;
+  if (echoes_.isEcho(caller, hostPosition, now_())) return;
   emit clicked(hostPosition, callingProgram());
 }
 

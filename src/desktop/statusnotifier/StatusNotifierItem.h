@@ -2,10 +2,10 @@
 
 #include <QDBusConnection>
 #include <QDBusContext>
-#include <QElapsedTimer>
 #include <QObject>
 #include <QPoint>
 #include <QString>
+#include <functional>
 
 #include "desktop/statusnotifier/EchoedClicks.h"
 #include "desktop/statusnotifier/StatusNotifierTypes.h"
@@ -34,9 +34,13 @@ class StatusNotifierItem final : public QObject, public QDBusContext {
   // Puts the item on `bus` (at /StatusNotifierItem, under a name of its own) and registers it
   // with the watcher, if one is there. `namesMenu`: for the hosts that show no item without a
   // menu (GNOME's AppIndicator extension); others then keep the right click for that menu.
+  // `now`: milliseconds on a steady clock, by which a host's echo of a click is told.
+  using Clock = std::function<qint64()>;
   StatusNotifierItem(const QDBusConnection& bus, Look look, bool namesMenu,
-                     QObject* parent = nullptr);
+                     Clock now = steadyMilliseconds, QObject* parent = nullptr);
   ~StatusNotifierItem() override;
+
+  static qint64 steadyMilliseconds();
 
   const Look& look() const { return look_; }
   // Whether a watcher holds the item and a host shows it.
@@ -68,8 +72,8 @@ class StatusNotifierItem final : public QObject, public QDBusContext {
   QString serviceName_;
   QDBusServiceWatcher* watcherWatch_;
   bool shown_ = false;
+  Clock now_;
   EchoedClicks echoes_;
-  QElapsedTimer sinceStart_;
 };
 
 }  // namespace brimly

@@ -31,8 +31,8 @@ TEST(EchoedClicks, AClickAfterTheWindowIsAClickOfItsOwn) {
 TEST(EchoedClicks, AnEchoCountsFromTheCallJustBefore) {
   EchoedClicks echoes;
   ASSERT_FALSE(echoes.isEcho(waybar, {11, 9}, 1000));
-  ASSERT_TRUE(echoes.isEcho(waybar, {11, 9}, 1008));
-  EXPECT_TRUE(echoes.isEcho(waybar, {11, 9}, 1016));
+  ASSERT_TRUE(echoes.isEcho(waybar, {11, 9}, 1040));
+  EXPECT_TRUE(echoes.isEcho(waybar, {11, 9}, 1080));
 }
 
 TEST(EchoedClicks, ACallElsewhereOrFromAnotherHostIsAClick) {

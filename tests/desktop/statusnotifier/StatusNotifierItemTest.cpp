@@ -50,8 +50,9 @@ class StatusNotifierItemTest : public ::testing::Test {
     QDBusConnection::disconnectFromBus(QStringLiteral("brimly-item"));
   }
 
-  void makeItem(bool namesMenu = false) {
-    item.emplace(bus.connect(QStringLiteral("brimly-item")), brimlyLook(), namesMenu);
+  void makeItem(bool namesMenu = false,
+                StatusNotifierItem::Clock now = StatusNotifierItem::steadyMilliseconds) {
+    item.emplace(bus.connect(QStringLiteral("brimly-item")), brimlyLook(), namesMenu, now);
   }
 
   QVariantMap propertiesOfItem() {
@@ -124,7 +125,7 @@ TEST_F(StatusNotifierItemTest, EachClickOfTheHostComesWithItsPositionAndTheCalli
 
 TEST_F(StatusNotifierItemTest, TwoCallsAtOnceForOneClickAreOneClick) {
   tray->start(/*withHost=*/true);
-  makeItem();
+  makeItem(/*namesMenu=*/false, [] { return qint64{1000}; });  // every call at the same moment
   QSignalSpy clicks(&*item, &StatusNotifierItem::clicked);
   // As waybar 0.9 calls from its second click on; then a click elsewhere on the icon.
   tray->click(item->serviceName(), QStringLiteral("Activate"), 11, 9);
