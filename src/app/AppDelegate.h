@@ -55,6 +55,9 @@ class AppDelegate : public QObject {
   // tracker and re-places the panel. Screen signals arrive in bursts, so they ask for this once,
   // after the burst.
   void screenParamsChanged();
+  // Rebuilds the root view and its grid at the chosen panel size, re-aims the tracker and
+  // re-places the panel: on a new panel size, and for the screens' changes above.
+  void refitPanel();
 
   SystemMonitor& monitor() { return monitor_; }
   const MouseTracker& tracker() const { return tracker_; }
@@ -79,6 +82,8 @@ class AppDelegate : public QObject {
 
  private:
   void recomputeNotch();
+  // What every length of the open panel is multiplied by, for the chosen panel size.
+  double panelScale() const;
   void buildWindow();
   void buildStatusItem();
   void buildControlPanel();

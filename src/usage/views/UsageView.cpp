@@ -76,6 +76,18 @@ void UsageView::setUseFahrenheit(bool useFahrenheit) {
   rebuild();
 }
 
+void UsageView::setScale(double scale) {
+  if (scale == scale_) return;
+  scale_ = scale;
+  const UsageTypography typography = fonts_.typography().scaledTo(scale);
+  fonts_ = UsageFonts(typography);
+  values_ = ValueTextRenderer(typography);
+  cell_ = MetricGridLayout::cellLayout(cellWidth_ * scale_, headerHeight(), scale_);
+  track_ = BarTrack({cell_.bar.width, cell_.bar.height});
+  rebuild();
+  update();  // the same cells, every one of them drawn larger
+}
+
 double UsageView::shownBarValue(MetricKind kind) const {
   const auto found = motion_.find(kind.value());
   return found == motion_.end() ? 0.0 : barValueShown(found->second, frameTimer_.now());
@@ -135,8 +147,8 @@ void UsageView::rebuild() {
     contents_.push_back(std::move(content));
   }
   motion_ = std::move(kept);
-  grid_ = MetricGridLayout::layout(order_, columns_, cellWidth_,
-                                   MetricGridLayout::cellHeight(headerHeight()));
+  grid_ = MetricGridLayout::layout(order_, columns_, cellWidth_ * scale_,
+                                   MetricGridLayout::cellHeight(headerHeight(), scale_), scale_);
 
   if (sizeHint() != oldHint) {
     resize(sizeHint());
@@ -221,7 +233,7 @@ QRect UsageView::valueArea(const CellPlacement& placement, const CellMotion& mot
   // Wide enough for either text, drawn as on screen, with room for a glyph reaching past its
   // text's start; the label keeps further away than that.
   const double width = values_.width(motion.previousPrimary, content.primary, *this) +
-                       MetricGridLayout::headerSpacing / 2.0;
+                       MetricGridLayout::headerSpacing * scale_ / 2.0;
   const Rect& header = cell_.header;
   return repaintArea({header.maxX() - width, header.y, width, header.height}, placement);
 }

@@ -63,10 +63,13 @@ class UsageView : public QWidget, public AccessibleParts {
   void setSample(const MetricSample& sample);
   void setMetricOrder(const std::vector<MetricKind>& order);
   void setUseFahrenheit(bool useFahrenheit);
+  // Draws every length of the grid and its text `scale` times its usual size (see `scaleOf`).
+  void setScale(double scale);
+  double scale() const { return scale_; }
 
   const std::vector<MetricCellContent>& cells() const { return contents_; }
   const GridGeometry& geometry() const { return grid_; }
-  double headerHeight() const { return UsageTypography::headerHeight; }
+  double headerHeight() const { return UsageTypography::headerHeight * scale_; }
   // The bar value a cell shows right now (mid-animation it lies between the old and the new).
   double shownBarValue(MetricKind kind) const;
 
@@ -145,9 +148,10 @@ class UsageView : public QWidget, public AccessibleParts {
   void paintDetail(QPainter& painter, const MetricCellContent& content);
 
   int columns_;
-  double cellWidth_;
+  double cellWidth_;     // at the usual size
+  double scale_ = 1.0;  // what every length is multiplied by
   UsageFonts fonts_;
-  CellGeometry cell_;  // the inside of every cell, which depends only on the width
+  CellGeometry cell_;  // the inside of every cell, which depends only on the width and scale
   MetricSample sample_;
   std::vector<MetricKind> order_ = MetricKind::defaultOrder();
   bool useFahrenheit_ = false;

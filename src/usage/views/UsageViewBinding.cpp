@@ -1,5 +1,6 @@
 #include "usage/views/UsageViewBinding.h"
 
+#include "core/Appearance.h"
 #include "panel/PanelState.h"
 #include "sampling/SystemMonitor.h"
 #include "settings/AppSettings.h"
@@ -13,6 +14,7 @@ UsageView* makePanelGrid(const SystemMonitor& monitor, const AppSettings& settin
                              UsageTypography::system(), parent);
   view->setMetricOrder(settings.metricOrder());
   view->setUseFahrenheit(settings.useFahrenheit());
+  view->setScale(scaleOf(settings.panelSize()));
   view->setSample(monitor.current());
   const auto takeLatest = [view, &monitor] { view->setSample(monitor.current()); };
   QObject::connect(&monitor, &SystemMonitor::sampleApplied, view, [takeLatest, &panel] {
