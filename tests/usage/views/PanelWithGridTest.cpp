@@ -363,6 +363,46 @@ TEST_F(OpenPanelTest, AnimationsEndExactlyOnTheNewValues) {
   EXPECT_EQ(glided, expected);
 }
 
+// The larger panel: every length of the open card, its grid and its text a quarter larger.
+class LargerPanelWithGridTest : public ::testing::Test {
+ protected:
+  LargerPanelWithGridTest() {
+    grid = new UsageView(3, 172.0, testing::designedTypography());
+    grid->setScale(1.25);
+    grid->setSample(sample());
+    state.setOpen(true);  // the view starts open, without animating
+    view = std::make_unique<RootView>(state, RootViewMetrics::forNotch({185.0, 32.0}, true, 1.25),
+                                      grid);
+  }
+
+  QImage render() {
+    QImage image(view->size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    view->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+  }
+
+  PanelState state;
+  UsageView* grid = nullptr;
+  std::unique_ptr<RootView> view;
+};
+
+TEST_F(LargerPanelWithGridTest, TheOpenGridFitsTheLargerCardCentredUnderTheNotch) {
+  EXPECT_EQ(view->size(), QSize(750, 177));
+  EXPECT_EQ(view->cardFrame(), (Rect{0.0, 0.0, 750.0, 177.0}));
+  EXPECT_EQ(view->cardOutline(), (NotchShape{8.75, 27.5}));
+  // The grid (725 × 125) is centred under the card, the padding of 10 below the notch band.
+  EXPECT_EQ(grid->QWidget::geometry(), QRect(13, 42, 725, 125));
+  EXPECT_LE(grid->QWidget::geometry().bottom() + 1 + 10, 177);
+  EXPECT_EQ(grid->y() + grid->geometry().cells.front().frame.y, 32 + 10 + 7.5);
+}
+
+TEST_F(LargerPanelWithGridTest, MatchesTheReferenceRendering) {
+  EXPECT_TRUE(testing::matchesReference(
+      render(), QString(BRIMLY_REFERENCE_DIR) + "/panel-open-with-grid-large.png",
+      testing::panelFaces));
+}
+
 TEST_F(PanelWithGridTest, MatchesTheReferenceRendering) {
   EXPECT_TRUE(testing::matchesReference(
       render(), QString(BRIMLY_REFERENCE_DIR) + "/panel-open-with-grid.png", testing::panelFaces));

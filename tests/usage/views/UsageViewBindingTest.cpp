@@ -70,6 +70,15 @@ TEST_F(UsageViewBindingTest, TakesTheCurrentStateAtOnce) {
   EXPECT_EQ(view->cells()[1].label, "RAM");
 }
 
+TEST_F(UsageViewBindingTest, TakesTheChosenPanelSize) {
+  std::unique_ptr<UsageView> regular(makePanelGrid(monitor, settings, panel));
+  EXPECT_EQ(regular->scale(), 1.0);
+  settings.setPanelSize(PanelSize::large);
+  std::unique_ptr<UsageView> large(makePanelGrid(monitor, settings, panel));
+  EXPECT_EQ(large->scale(), 1.25);
+  EXPECT_EQ(large->geometry().cells[0].frame.width, 215.0);
+}
+
 TEST_F(UsageViewBindingTest, PanelGridHasThreeColumnsOf172PointCells) {
   std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings, panel));
   ASSERT_EQ(view->geometry().cells.size(), 6u);

@@ -330,6 +330,80 @@ TEST_F(UsageViewTest, MatchesTheReferenceRenderings) {
                                         testing::panelFaces));
 }
 
+// --- A larger panel ---
+
+// How many rows of `image` within `area` hold a pixel brighter than the dim grey of the track.
+int litRows(const QImage& image, const QRect& area) {
+  int rows = 0;
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    bool lit = false;
+    for (int x = area.left(); x <= area.right() && !lit; ++x)
+      lit = qGray(image.pixel(x, y)) > 60;
+    rows += lit ? 1 : 0;
+  }
+  return rows;
+}
+
+TEST_F(UsageViewTest, ALargerScaleLaysOutEveryLengthAQuarterLarger) {
+  view.setSample(busyLaptop());
+  view.setScale(1.25);
+  EXPECT_EQ(view.scale(), 1.25);
+  EXPECT_EQ(view.headerHeight(), 20.0);
+  // Cells of 215 × 50, 15 points apart, 10 between the rows, in a grid of 725 (580 × 1.25).
+  EXPECT_EQ(view.sizeHint(), QSize(725, 125));
+  EXPECT_EQ(view.size(), view.sizeHint());
+  EXPECT_EQ(view.geometry(),
+            MetricGridLayout::layout(MetricKind::defaultOrder(), 3, 215.0, 50.0, 1.25));
+  EXPECT_EQ(cellOf(MetricKind::cpu).frame, (Rect{25.0, 7.5, 215.0, 50.0}));
+}
+
+TEST_F(UsageViewTest, ALargerScaleDrawsTheBarsAndTextsAQuarterLarger) {
+  MetricSample sample = busyLaptop();
+  sample.cpu = 1.0;
+  view.setSample(sample);
+  const QImage usual = renderOnBlack(view);
+  const Rect usualCpu = cellOf(MetricKind::cpu).frame;
+  view.setScale(1.25);
+  const QImage larger = renderOnBlack(view);
+  const Rect largerCpu = cellOf(MetricKind::cpu).frame;
+  // A full bar spans the whole cell: 172 points, then 215.
+  const auto barLength = [](const QImage& image, const Rect& cell, double barMiddle) {
+    int lit = 0;
+    // The cell and the cell spacing on either side, which no other cell reaches into.
+    for (int x = static_cast<int>(cell.x) - 10; x < static_cast<int>(cell.maxX()) + 10; ++x)
+      lit += qGray(image.pixel(x, static_cast<int>(cell.y + barMiddle))) > 60 ? 1 : 0;
+    return lit;
+  };
+  EXPECT_NEAR(barLength(usual, usualCpu, 16.0 + 5.0 + 1.5), 172, 1);
+  EXPECT_NEAR(barLength(larger, largerCpu, 20.0 + 6.25 + 1.875), 215, 1);
+  // The header's texts stand about a quarter taller.
+  const auto header = [](const Rect& cell, double height) {
+    return QRect(static_cast<int>(cell.x), static_cast<int>(cell.y), static_cast<int>(cell.width),
+                 static_cast<int>(height));
+  };
+  const double usualText = litRows(usual, header(usualCpu, 16.0));
+  const double largerText = litRows(larger, header(largerCpu, 20.0));
+  ASSERT_GT(usualText, 5.0);
+  EXPECT_NEAR(largerText / usualText, 1.25, 0.15);
+}
+
+TEST_F(UsageViewTest, BackAtTheUsualScaleTheGridIsDrawnExactlyAsBefore) {
+  view.setSample(busyLaptop());
+  const QImage before = renderOnBlack(view);
+  view.setScale(1.25);
+  view.setScale(1.0);
+  EXPECT_EQ(view.sizeHint(), QSize(580, 100));
+  EXPECT_EQ(renderOnBlack(view), before);
+}
+
+TEST_F(UsageViewTest, MatchesTheReferenceRenderingAtTheLargerScale) {
+  view.setSample(busyLaptop());
+  view.setScale(1.25);
+  EXPECT_TRUE(testing::matchesReference(renderOnBlack(view),
+                                        QString(BRIMLY_REFERENCE_DIR) + "/usage-grid-six-large.png",
+                                        testing::panelFaces));
+}
+
 // Where neither designed face is installed the grid still draws in plain weights, never in a
 // borrowed heavy bold, and the placeholder dash still reads as a dash ("GPU" below).
 TEST_F(UsageViewTest, MatchesTheReferenceRenderingInTheFallbackFaces) {
