@@ -37,6 +37,14 @@ MetricSample sample() {
   return s;
 }
 
+// The view and everything in it, over a transparent background, as a window shows it.
+QImage renderOverTransparency(QWidget& view) {
+  QImage image(view.size(), QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  view.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+  return image;
+}
+
 class PanelWithGridTest : public ::testing::Test {
  protected:
   PanelWithGridTest() {
@@ -52,12 +60,7 @@ class PanelWithGridTest : public ::testing::Test {
     }
   }
 
-  QImage render() {
-    QImage image(view->size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    view->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
-  }
+  QImage render() { return renderOverTransparency(*view); }
 
   PanelState state;
   double now = 10.0;
@@ -357,10 +360,7 @@ TEST_F(OpenPanelTest, AnimationsEndExactlyOnTheNewValues) {
   auto* direct = new UsageView(3, 172.0, testing::designedTypography());
   direct->setSample(next);
   RootView still(openState, RootViewMetrics::forNotch({185.0, 32.0}, true), direct);
-  QImage expected(still.size(), QImage::Format_ARGB32_Premultiplied);
-  expected.fill(Qt::transparent);
-  still.render(&expected, QPoint(), QRegion(), QWidget::DrawChildren);
-  EXPECT_EQ(glided, expected);
+  EXPECT_EQ(glided, renderOverTransparency(still));
 }
 
 // The larger panel: every length of the open card, its grid and its text a quarter larger.
@@ -375,12 +375,7 @@ class LargerPanelWithGridTest : public ::testing::Test {
                                       grid);
   }
 
-  QImage render() {
-    QImage image(view->size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    view->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
-  }
+  QImage render() { return renderOverTransparency(*view); }
 
   PanelState state;
   UsageView* grid = nullptr;
