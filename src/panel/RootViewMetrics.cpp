@@ -5,12 +5,12 @@
 namespace brimly {
 
 RootViewMetrics RootViewMetrics::forNotch(Size notch, bool hasNotch, double scale) {
-  return {notch.height,
-          notch.width,
-          openWidth * scale,
-          notch.height + contentHeight * scale,
-          hasNotch,
-          scale};
+  return {.notchInsetTop = notch.height,
+          .notchWidth = notch.width,
+          .expandedWidth = openWidth * scale,
+          .expandedHeight = notch.height + contentHeight * scale,
+          .hasNotch = hasNotch,
+          .scale = scale};
 }
 
 Rect RootViewMetrics::cardFrame(double viewWidth, double openness) const {

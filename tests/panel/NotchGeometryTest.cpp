@@ -256,8 +256,8 @@ TEST(LargerNotchGeometry, PlacementCarriesTheScaleToPanelAndTracker) {
   const auto placement = NotchGeometry::place(desktop, {200, 32}, 1.25);
   EXPECT_EQ(placement.notchSize, (Size{185, 32}));
   EXPECT_EQ(placement.panelFrame, (Rect{381, 805, 750, 177}));
-  EXPECT_EQ(placement.tracker, NotchGeometry::trackerGeometry(Rect{0, 0, 1512, 982}, {185, 32},
-                                                              1.25));
+  EXPECT_EQ(placement.tracker,
+            NotchGeometry::trackerGeometry(Rect{0, 0, 1512, 982}, {185, 32}, 1.25));
 }
 
 }  // namespace

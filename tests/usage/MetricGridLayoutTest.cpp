@@ -177,9 +177,9 @@ TEST(LargerGrid, EveryPartOfACellIsTheUsualOneTimesTheScale) {
   EXPECT_EQ(larger.detail, (Rect{0.0, 36.25, 215.0, 13.75}));
   EXPECT_EQ(larger.size, (Size{215.0, 50.0}));
   EXPECT_EQ(MetricGridLayout::cellHeight(20.0, large), 50.0);
-  for (const auto& [a, b] : {std::pair{larger.header, usual.header},
-                             std::pair{larger.bar, usual.bar},
-                             std::pair{larger.detail, usual.detail}})
+  for (const auto& [a, b] :
+       {std::pair{larger.header, usual.header}, std::pair{larger.bar, usual.bar},
+        std::pair{larger.detail, usual.detail}})
     EXPECT_EQ(a, scaled(b, large));
   // The texts keep their places in the larger lines.
   EXPECT_EQ(larger.labelFrame({30.0, 15.0}), scaled(usual.labelFrame({24.0, 12.0}), large));

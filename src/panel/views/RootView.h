@@ -25,7 +25,8 @@ class RootView : public QWidget {
   Q_OBJECT
 
  public:
-  static constexpr NotchShape outline{7.0, 22.0};  // at the usual size
+  // The card's outline at the usual size (see `RootViewMetrics::cardOutline`).
+  static constexpr NotchShape outline{7.0, 22.0};
   static constexpr double springResponse = 0.42;  // seconds
   static constexpr double springDampingFraction = 1.0;
 

@@ -33,7 +33,7 @@ struct UsageTypography {
   QFont::Weight valueWeight = QFont::Medium;
   QFont::Weight detailWeight = QFont::Normal;
   QFont::Weight dashWeight = QFont::Medium;  // of `labelFamily`
-  double scale = 1.0;  // what the sizes above are multiplied by
+  double scale = 1.0;                        // what the sizes above are multiplied by
 
   // The same faces, every size `scale` times its usual one.
   UsageTypography scaledTo(double scale) const;

@@ -148,7 +148,7 @@ class UsageView : public QWidget, public AccessibleParts {
   void paintDetail(QPainter& painter, const MetricCellContent& content);
 
   int columns_;
-  double cellWidth_;     // at the usual size
+  double cellWidth_;    // at the usual size
   double scale_ = 1.0;  // what every length is multiplied by
   UsageFonts fonts_;
   CellGeometry cell_;  // the inside of every cell, which depends only on the width and scale

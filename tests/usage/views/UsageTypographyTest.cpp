@@ -116,7 +116,8 @@ TEST(UsageTypographyTest, ALargerScaleMakesEveryFontAndTheTrackingThatMuchLarger
   EXPECT_NEAR(pixels(larger.dashFont(image)), 13.0 * 1.25, 1e-9);
   EXPECT_NEAR(larger.labelFont(image).letterSpacing(), 0.7 * 1.25, 1.0 / 64.0);
   // The faces and weights stay those of the usual size.
-  EXPECT_EQ(larger.labelFont(image).family(), testing::designedTypography().labelFont(image).family());
+  EXPECT_EQ(larger.labelFont(image).family(),
+            testing::designedTypography().labelFont(image).family());
   EXPECT_EQ(larger.valueWeight, testing::designedTypography().valueWeight);
 }
 
