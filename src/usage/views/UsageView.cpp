@@ -77,7 +77,7 @@ void UsageView::setUseFahrenheit(bool useFahrenheit) {
 }
 
 void UsageView::setScale(double scale) {
-  if (scale == scale_) return;
+  if (!(scale > 0.0) || !std::isfinite(scale) || scale == scale_) return;
   scale_ = scale;
   const UsageTypography typography = fonts_.typography().scaledTo(scale);
   fonts_ = UsageFonts(typography);

@@ -63,7 +63,8 @@ class UsageView : public QWidget, public AccessibleParts {
   void setSample(const MetricSample& sample);
   void setMetricOrder(const std::vector<MetricKind>& order);
   void setUseFahrenheit(bool useFahrenheit);
-  // Draws every length of the grid and its text `scale` times its usual size (see `scaleOf`).
+  // Draws every length of the grid and its text `scale` times its usual size (see `scaleOf`). A
+  // scale that is not a positive number is ignored.
   void setScale(double scale);
   double scale() const { return scale_; }
 

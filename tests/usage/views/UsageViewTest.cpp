@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QPainter>
 #include <cmath>
+#include <limits>
 
 #include "InstalledFaces.h"
 #include "ReferenceImage.h"
@@ -394,6 +395,15 @@ TEST_F(UsageViewTest, BackAtTheUsualScaleTheGridIsDrawnExactlyAsBefore) {
   view.setScale(1.0);
   EXPECT_EQ(view.sizeHint(), QSize(580, 100));
   EXPECT_EQ(renderOnBlack(view), before);
+}
+
+TEST_F(UsageViewTest, AScaleThatIsNoPositiveNumberIsIgnored) {
+  view.setScale(1.25);
+  for (double nonsense : {0.0, -1.0, std::nan(""), std::numeric_limits<double>::infinity()}) {
+    view.setScale(nonsense);
+    EXPECT_EQ(view.scale(), 1.25) << nonsense;
+  }
+  EXPECT_EQ(view.sizeHint(), QSize(725, 125));
 }
 
 TEST_F(UsageViewTest, MatchesTheReferenceRenderingAtTheLargerScale) {
