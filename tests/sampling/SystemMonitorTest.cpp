@@ -206,7 +206,8 @@ TEST_F(SystemMonitorTest, AnOpenPanelFillsTheRingWithAMinuteOfSecondsAndPushesOu
   const std::vector<double> times = historyTimes(monitor_);
   EXPECT_EQ(times.front(), 20.0);
   EXPECT_EQ(times.back(), 80.0);
-  for (std::size_t i = 1; i < times.size(); ++i) EXPECT_EQ(times[i] - times[i - 1], 1.0) << i;
+  for (std::size_t i = 1; i < times.size(); ++i)
+    EXPECT_EQ(times[i] - times[i - 1], 1.0) << i;
 }
 
 TEST_F(SystemMonitorTest, HistoryFollowsTheRateThroughOpeningAndClosing) {
