@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
+#include <vector>
+
 namespace brimly {
 namespace {
 
@@ -20,6 +23,21 @@ MetricSample withoutGpu(double cpu) {
   MetricSample sample = withCpu(cpu);
   sample.gpu.reset();
   return sample;
+}
+
+SampleHistory historyOf(std::initializer_list<TimedSample> samples) {
+  SampleHistory history;
+  for (const TimedSample& timed : samples)
+    history.record(timed.takenAt, timed.sample);
+  return history;
+}
+
+// How many points each run has, in order.
+std::vector<std::size_t> lengths(const std::vector<TrendLine::Run>& runs) {
+  std::vector<std::size_t> result;
+  for (const TrendLine::Run& run : runs)
+    result.push_back(run.size());
+  return result;
 }
 
 // The y of a bar value, with the line's half width kept inside the band.
@@ -75,11 +93,12 @@ TEST(TrendLine, AMinuteOfSecondsSpansTheBandOldestAtTheLeadingEdge) {
 }
 
 TEST(TrendLine, AnEmptyBarLiesAtTheBottomAndAFullOneAtTheTopWithinTheBand) {
-  SampleHistory history;
-  history.record(0.0, withCpu(0.0));
-  history.record(1.0, withCpu(1.0));
-  history.record(2.0, withCpu(-0.5));
-  history.record(3.0, withCpu(2.0));
+  const SampleHistory history = historyOf({
+      {0.0, withCpu(0.0)},
+      {1.0, withCpu(1.0)},
+      {2.0, withCpu(-0.5)},
+      {3.0, withCpu(2.0)},
+  });
   const auto runs = TrendLine::runs(MetricKind::cpu, history, band);
   ASSERT_EQ(runs.size(), 1u);
   ASSERT_EQ(runs[0].size(), 4u);
@@ -90,35 +109,31 @@ TEST(TrendLine, AnEmptyBarLiesAtTheBottomAndAFullOneAtTheTopWithinTheBand) {
 }
 
 TEST(TrendLine, AnAbsentReadingBreaksTheLineInsteadOfDroppingToZero) {
-  SampleHistory history;
-  history.record(0.0, withCpu(0.6));
-  history.record(1.0, withCpu(0.6));
-  history.record(2.0, withoutGpu(0.6));
-  history.record(3.0, withoutGpu(0.6));
-  history.record(4.0, withCpu(0.6));
-  history.record(5.0, withCpu(0.6));
+  const SampleHistory history = historyOf({
+      {0.0, withCpu(0.6)},
+      {1.0, withCpu(0.6)},
+      {2.0, withoutGpu(0.6)},
+      {3.0, withoutGpu(0.6)},
+      {4.0, withCpu(0.6)},
+      {5.0, withCpu(0.6)},
+  });
   const auto gpu = TrendLine::runs(MetricKind::gpu, history, band);
-  ASSERT_EQ(gpu.size(), 2u);
-  EXPECT_EQ(gpu[0].size(), 2u);
-  EXPECT_EQ(gpu[1].size(), 2u);
+  ASSERT_EQ(lengths(gpu), (std::vector<std::size_t>{2, 2}));
   for (const auto& run : gpu) {
     for (const Point& point : run)
       EXPECT_EQ(point.y, yOf(0.6));
   }
   // The processor, read all along, runs on unbroken.
-  const auto cpu = TrendLine::runs(MetricKind::cpu, history, band);
-  ASSERT_EQ(cpu.size(), 1u);
-  EXPECT_EQ(cpu[0].size(), 6u);
+  EXPECT_EQ(lengths(TrendLine::runs(MetricKind::cpu, history, band)), std::vector<std::size_t>{6});
 }
 
 TEST(TrendLine, ALoneReadingBetweenGapsIsARunOfOnePoint) {
-  SampleHistory history;
-  history.record(0.0, withoutGpu(0.2));
-  history.record(1.0, withCpu(0.2));
-  history.record(2.0, withoutGpu(0.2));
-  const auto runs = TrendLine::runs(MetricKind::gpu, history, band);
-  ASSERT_EQ(runs.size(), 1u);
-  EXPECT_EQ(runs[0].size(), 1u);
+  const SampleHistory history = historyOf({
+      {0.0, withoutGpu(0.2)},
+      {1.0, withCpu(0.2)},
+      {2.0, withoutGpu(0.2)},
+  });
+  EXPECT_EQ(lengths(TrendLine::runs(MetricKind::gpu, history, band)), std::vector<std::size_t>{1});
 }
 
 TEST(TrendLine, NeverAReadingNeverALine) {
@@ -142,26 +157,25 @@ TEST(TrendLine, TheClosedPanelsSamplesFiveSecondsApartMakeOneLine) {
 }
 
 TEST(TrendLine, ATimeWithoutSamplesLongerThanTenSecondsBreaksTheLine) {
-  SampleHistory history;
-  history.record(0.0, withCpu(0.3));
-  history.record(10.0, withCpu(0.3));  // ten seconds: still joined
-  history.record(20.5, withCpu(0.3));  // more than ten: a break (the machine slept)
-  history.record(21.5, withCpu(0.3));
-  const auto runs = TrendLine::runs(MetricKind::cpu, history, band);
-  ASSERT_EQ(runs.size(), 2u);
-  EXPECT_EQ(runs[0].size(), 2u);
-  EXPECT_EQ(runs[1].size(), 2u);
+  const SampleHistory history = historyOf({
+      {0.0, withCpu(0.3)},
+      {10.0, withCpu(0.3)},  // ten seconds: still joined
+      {20.5, withCpu(0.3)},  // more than ten: a break (the machine slept)
+      {21.5, withCpu(0.3)},
+  });
+  EXPECT_EQ(lengths(TrendLine::runs(MetricKind::cpu, history, band)),
+            (std::vector<std::size_t>{2, 2}));
 }
 
 TEST(TrendLine, OnlyTheLastMinuteIsDrawn) {
-  SampleHistory history;
-  history.record(0.0, withCpu(0.3));
-  history.record(55.0, withCpu(0.3));
-  history.record(60.0, withCpu(0.3));
-  history.record(61.0, withCpu(0.3));
+  const SampleHistory history = historyOf({
+      {0.0, withCpu(0.3)},
+      {55.0, withCpu(0.3)},
+      {60.0, withCpu(0.3)},
+      {61.0, withCpu(0.3)},
+  });
   const auto runs = TrendLine::runs(MetricKind::cpu, history, band);
-  ASSERT_EQ(runs.size(), 1u);
-  ASSERT_EQ(runs[0].size(), 3u);  // the sample 61 seconds old is left out
+  ASSERT_EQ(lengths(runs), std::vector<std::size_t>{3});  // the sample 61 seconds old is left out
   EXPECT_NEAR(runs[0][0].x, 54.0 / 60.0 * 172.0, 1e-9);
 }
 

@@ -37,6 +37,11 @@ const QColor& secondaryText() {
   return colour;
 }
 
+const QColor& trendColour() {
+  static const QColor colour = toQColor(TrendLine::colour);
+  return colour;
+}
+
 // Draws `line` with its line box at `frame`, in a font of `ascent`.
 void drawLine(QPainter& painter, const Rect& frame, double ascent, const ShapedLines::Line& line,
               const QColor& colour) {
@@ -69,7 +74,11 @@ void UsageView::setSample(const MetricSample& sample) {
 }
 
 void UsageView::setSample(const MetricSample& sample, const SampleHistory& history) {
-  history_ = history;
+  if (history_) {
+    *history_ = history;
+  } else {
+    history_ = std::make_unique<SampleHistory>(history);
+  }
   setSample(sample);
 }
 
@@ -348,10 +357,11 @@ void UsageView::paintBar(QPainter& painter, const CellStyle& style, const CellMo
 }
 
 void UsageView::takeTrend() {
+  if (!history_) return;
   const Rect band = TrendLine::band(cell_);
   std::map<MetricKind::Value, std::vector<TrendLine::Run>> lines;
   for (const CellPlacement& placement : grid_.cells) {
-    std::vector<TrendLine::Run> runs = TrendLine::runs(placement.kind, history_, band);
+    std::vector<TrendLine::Run> runs = TrendLine::runs(placement.kind, *history_, band);
     const auto drawn = trend_.find(placement.kind.value());
     if (drawn == trend_.end() || drawn->second != runs) unpainted_ += barArea(placement);
     lines.emplace(placement.kind.value(), std::move(runs));
@@ -363,8 +373,8 @@ void UsageView::takeTrend() {
 void UsageView::paintTrend(QPainter& painter, MetricKind kind) {
   const auto found = trend_.find(kind.value());
   if (found == trend_.end()) return;
-  static const QColor colour = toQColor(TrendLine::colour);
-  painter.setPen(QPen(colour, TrendLine::lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setPen(
+      QPen(trendColour(), TrendLine::lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.setBrush(Qt::NoBrush);
   for (const TrendLine::Run& run : found->second) {
     QPolygonF line;

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QWidget>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -183,7 +184,8 @@ class UsageView : public QWidget, public AccessibleParts {
   ValueTextRenderer values_;
   ShapedLines details_;
   bool showTrend_ = false;
-  SampleHistory history_;  // the latest given with a sample
+  // The latest minute given with a sample; made only once one is given.
+  std::unique_ptr<SampleHistory> history_;
   std::map<MetricKind::Value, std::vector<TrendLine::Run>> trend_;  // the lines drawn, by cell
 };
 
