@@ -22,8 +22,8 @@ class MetricSampler;
 // readings whole, with no smoothing: a reading that is absent in the sample becomes absent here.
 // The timer runs every second while the notch panel is open and every five seconds while it is
 // closed. Everything but the sampling itself happens on the main thread. The monitor also keeps the
-// last minute of the samples it applies, each with the time it was taken, for the trend lines:
-// nothing is sampled for them that would not be sampled anyway.
+// latest samples it applied, each with the time it was taken (see `SampleHistory`), for the trend
+// lines: nothing is sampled for them that would not be sampled anyway.
 class SystemMonitor : public QObject, public SamplingRateControl {
   Q_OBJECT
 
@@ -35,7 +35,7 @@ class SystemMonitor : public QObject, public SamplingRateControl {
 
   // The published readings: the last sample applied, or all defaults before the first.
   const MetricSample& current() const { return current_; }
-  // The samples applied in the last minute or so, oldest first, the last of them `current()`.
+  // The latest samples applied, oldest first, the last of them `current()`.
   const SampleHistory& history() const { return history_; }
 
   // The metrics this machine has no source for at all, as the first sample found them (see
