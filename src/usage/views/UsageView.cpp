@@ -3,6 +3,8 @@
 #include <QLinearGradient>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPen>
+#include <QPolygonF>
 #include <algorithm>
 #include <cmath>
 
@@ -32,6 +34,11 @@ QRect repaintArea(const Rect& rect, const CellPlacement& placement) {
 // The theme's colours as Qt draws them, converted once.
 const QColor& secondaryText() {
   static const QColor colour = toQColor(Theme::secondaryForeground);
+  return colour;
+}
+
+const QColor& trendColour() {
+  static const QColor colour = toQColor(TrendLine::colour);
   return colour;
 }
 
@@ -66,6 +73,27 @@ void UsageView::setSample(const MetricSample& sample) {
   rebuild();
 }
 
+void UsageView::setSample(const MetricSample& sample, const SampleHistory& history) {
+  if (history_) {
+    *history_ = history;
+  } else {
+    history_ = std::make_unique<SampleHistory>(history);
+  }
+  setSample(sample);
+}
+
+void UsageView::setShowTrend(bool show) {
+  if (show == showTrend_) return;
+  // The strips the lines are drawn in are painted afresh, with the lines or without them.
+  for (const CellPlacement& placement : grid_.cells) {
+    unpainted_ += repaintArea(TrendLine::band(cell_), placement);
+  }
+  showTrend_ = show;
+  trend_.clear();
+  if (showTrend_) takeTrend();
+  paintMarkedParts();
+}
+
 void UsageView::setMetricOrder(const std::vector<MetricKind>& order) {
   order_ = order;
   rebuild();
@@ -91,6 +119,11 @@ void UsageView::setScale(double scale) {
 double UsageView::shownBarValue(MetricKind kind) const {
   const auto found = motion_.find(kind.value());
   return found == motion_.end() ? 0.0 : barValueShown(found->second, frameTimer_.now());
+}
+
+std::vector<TrendLine::Run> UsageView::trendLine(MetricKind kind) const {
+  const auto found = trend_.find(kind.value());
+  return found == trend_.end() ? std::vector<TrendLine::Run>{} : found->second;
 }
 
 QSize UsageView::sizeHint() const {
@@ -162,6 +195,7 @@ void UsageView::rebuild() {
       markChangedParts(grid_.cells[i], oldContents[i], contents_[i], now);
     }
   }
+  if (showTrend_) takeTrend();
   advance(now);  // the first step of what moves, painted in the same turn
 }
 
@@ -221,7 +255,7 @@ QRect UsageView::detailArea(const CellPlacement& placement) const {
 }
 
 QRect UsageView::barArea(const CellPlacement& placement) const {
-  return repaintArea(cell_.bar, placement);
+  return repaintArea(showTrend_ ? TrendLine::band(cell_) : cell_.bar, placement);
 }
 
 QRect UsageView::headerArea(const CellPlacement& placement) const {
@@ -296,7 +330,10 @@ void UsageView::paintEvent(QPaintEvent* event) {
     painter.save();
     painter.translate(placement.frame.x, placement.frame.y);
     if (header) paintHeader(painter, region, placement, i, now);
-    if (bar) paintBar(painter, styles_[i], motion, now);
+    if (bar) {
+      if (showTrend_) paintTrend(painter, placement.kind);
+      paintBar(painter, styles_[i], motion, now);
+    }
     if (detail) paintDetail(painter, contents_[i]);
     painter.restore();
   }
@@ -329,6 +366,39 @@ void UsageView::paintBar(QPainter& painter, const CellStyle& style, const CellMo
   gradient.setColorAt(1.0, style.barEnd);
   painter.setBrush(gradient);
   fillCapsule(painter, fill);
+}
+
+void UsageView::takeTrend() {
+  if (!history_) return;
+  const Rect band = TrendLine::band(cell_);
+  std::map<MetricKind::Value, std::vector<TrendLine::Run>> lines;
+  for (const CellPlacement& placement : grid_.cells) {
+    std::vector<TrendLine::Run> runs = TrendLine::runs(placement.kind, *history_, band);
+    const auto drawn = trend_.find(placement.kind.value());
+    if (drawn == trend_.end() || drawn->second != runs) unpainted_ += barArea(placement);
+    lines.emplace(placement.kind.value(), std::move(runs));
+  }
+  trend_ = std::move(lines);
+}
+
+// The line behind the track, in the cell's coordinates.
+void UsageView::paintTrend(QPainter& painter, MetricKind kind) {
+  const auto found = trend_.find(kind.value());
+  if (found == trend_.end()) return;
+  painter.setPen(
+      QPen(trendColour(), TrendLine::lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setBrush(Qt::NoBrush);
+  for (const TrendLine::Run& run : found->second) {
+    QPolygonF line;
+    line.reserve(static_cast<qsizetype>(run.size()));
+    for (const Point& point : run)
+      line << QPointF(point.x, point.y);
+    if (line.size() == 1) {
+      painter.drawPoint(line.front());
+    } else {
+      painter.drawPolyline(line);
+    }
+  }
 }
 
 void UsageView::paintDetail(QPainter& painter, const MetricCellContent& content) {

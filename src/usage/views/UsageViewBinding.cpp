@@ -15,8 +15,16 @@ UsageView* makePanelGrid(const SystemMonitor& monitor, const AppSettings& settin
   view->setMetricOrder(settings.metricOrder());
   view->setUseFahrenheit(settings.useFahrenheit());
   view->setScale(scaleOf(settings.panelSize()));
-  view->setSample(monitor.current());
-  const auto takeLatest = [view, &monitor] { view->setSample(monitor.current()); };
+  view->setShowTrend(settings.showTrend());
+  // The minute behind the sample goes along only while the trend is shown.
+  const auto takeLatest = [view, &monitor] {
+    if (view->showsTrend()) {
+      view->setSample(monitor.current(), monitor.history());
+    } else {
+      view->setSample(monitor.current());
+    }
+  };
+  takeLatest();
   QObject::connect(&monitor, &SystemMonitor::sampleApplied, view, [takeLatest, &panel] {
     if (panel.isOpen()) takeLatest();
   });
@@ -29,6 +37,12 @@ UsageView* makePanelGrid(const SystemMonitor& monitor, const AppSettings& settin
                    [view, &settings] { view->setMetricOrder(settings.metricOrder()); });
   QObject::connect(&settings, &AppSettings::useFahrenheitChanged, view,
                    &UsageView::setUseFahrenheit);
+  QObject::connect(&settings, &AppSettings::showTrendChanged, view,
+                   [view, takeLatest, &panel](bool show) {
+                     view->setShowTrend(show);
+                     // An open grid draws the line at once; a closed one gets it on opening.
+                     if (show && panel.isOpen()) takeLatest();
+                   });
   return view;
 }
 

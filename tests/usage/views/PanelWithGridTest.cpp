@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QGraphicsEffect>
 #include <QImage>
+#include <functional>
 #include <utility>
 
 #include "InstalledFaces.h"
@@ -164,6 +165,43 @@ class OpenPanelTest : public PanelWithGridTest {
     return {frames, eachPainted};
   }
 
+  static MetricSample busierSample() {
+    MetricSample next = sample();
+    next.cpu = 0.91;                     // a long glide and a new value text
+    next.memoryUsedBytes = 12ull << 30;  // a new value and detail line in another cell
+    next.temperatureC = 9.0;             // a value text that gets shorter
+    return next;
+  }
+
+  // After `change`, and after each frame it starts, what the window holds after the grid's
+  // partial repaints is the grid drawn whole.
+  void expectEachFrameDrawnAnew(const std::function<void()>& change) {
+    const auto onScreen = [this] {
+      const auto* shown = dynamic_cast<const QImage*>(view->backingStore()->paintDevice());
+      return shown == nullptr ? QImage() : shown->copy(QRect(grid->pos(), grid->size()));
+    };
+    const auto drawnAnew = [this] {
+      QImage image(grid->size(), QImage::Format_ARGB32_Premultiplied);
+      image.fill(Qt::black);
+      grid->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+      return image;
+    };
+    change();
+    ASSERT_FALSE(onScreen().isNull());
+    int frames = 0;
+    for (bool first = true; first || (grid->isAnimating() && frames < 100); first = false) {
+      if (!first) {
+        now += grid->frameTimer().msToNextFrame() / 1000.0;
+        grid->frameTimer().tick();
+      }
+      QCoreApplication::processEvents();
+      EXPECT_EQ(onScreen().convertToFormat(QImage::Format_ARGB32_Premultiplied), drawnAnew())
+          << "after frame " << frames;
+      ++frames;
+    }
+    EXPECT_GE(frames, 5);
+  }
+
   QRect cellRect(MetricKind kind) const {
     for (const CellPlacement& cell : grid->geometry().cells) {
       if (cell.kind == kind) {
@@ -212,35 +250,40 @@ TEST_F(OpenPanelTest, TheGridsFramesLeaveTheCardBeneathAlone) {
 }
 
 TEST_F(OpenPanelTest, WhatEachFrameLeavesOnScreenIsTheWholeGridDrawnAnew) {
-  // What the window holds after the grid's partial repaints, and the grid drawn whole.
-  const auto onScreen = [this] {
-    const auto* shown = dynamic_cast<const QImage*>(view->backingStore()->paintDevice());
-    return shown == nullptr ? QImage() : shown->copy(QRect(grid->pos(), grid->size()));
-  };
-  const auto drawnAnew = [this] {
-    QImage image(grid->size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::black);
-    grid->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
-  };
-  MetricSample next = sample();
-  next.cpu = 0.91;                     // a long glide and a new value text
-  next.memoryUsedBytes = 12ull << 30;  // a new value and detail line in another cell
-  next.temperatureC = 9.0;             // a value text that gets shorter
-  grid->setSample(next);
-  ASSERT_FALSE(onScreen().isNull());
-  int frames = 0;
-  for (bool first = true; first || (grid->isAnimating() && frames < 100); first = false) {
-    if (!first) {
-      now += grid->frameTimer().msToNextFrame() / 1000.0;
-      grid->frameTimer().tick();
-    }
-    QCoreApplication::processEvents();
-    EXPECT_EQ(onScreen().convertToFormat(QImage::Format_ARGB32_Premultiplied), drawnAnew())
-        << "after frame " << frames;
-    ++frames;
+  expectEachFrameDrawnAnew([this] { grid->setSample(busierSample()); });
+}
+
+TEST_F(OpenPanelTest, WithTheTrendWhatEachFrameLeavesOnScreenIsTheWholeGridDrawnAnew) {
+  grid->setShowTrend(true);
+  QCoreApplication::processEvents();
+  expectEachFrameDrawnAnew([this] {
+    const MetricSample next = busierSample();
+    SampleHistory history;
+    for (int age = 60; age > 0; --age)
+      history.record(now - age, age % 7 == 0 ? next : sample());
+    history.record(now, next);
+    grid->setSample(next, history);
+  });
+}
+
+TEST_F(OpenPanelTest, WithTheTrendASampleAndItsLinesArePaintedTogether) {
+  grid->setShowTrend(true);
+  QCoreApplication::processEvents();
+  paints.paints.clear();
+  SampleHistory history;
+  history.record(now - 1.0, sample());
+  history.record(now, sample());
+  grid->setSample(sample(), history);
+  QCoreApplication::processEvents();
+  ASSERT_EQ(paints.count(), 1);
+  // Every cell's line is new, and only the strips around the bars were painted: the same sample
+  // leaves the texts as they are.
+  for (const CellPlacement& cell : grid->geometry().cells) {
+    EXPECT_TRUE(paints.painted().intersects(cellRect(cell.kind))) << cell.kind.rawValue();
+    const Rect header{cell.frame.x, cell.frame.y, cell.frame.width, grid->headerHeight() - 1.0};
+    EXPECT_FALSE(paints.painted().intersects(toQRectF(header).toAlignedRect()))
+        << cell.kind.rawValue();
   }
-  EXPECT_GE(frames, 5);
 }
 
 TEST_F(OpenPanelTest, ASampleRepaintsOnlyTheCellThatChanged) {

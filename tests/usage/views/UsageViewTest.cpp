@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QPainter>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 #include "InstalledFaces.h"
@@ -312,6 +313,99 @@ TEST_F(UsageViewTest, ChangingTheOrderAsksForANewSize) {
   EXPECT_EQ(view.size(), view.sizeHint());
 }
 
+// A minute of samples a second apart ending with `latest`, each made by `at` from its age in
+// seconds (60 for the oldest, 0 for `latest`'s own).
+SampleHistory minuteEndingWith(const MetricSample& latest,
+                               const std::function<void(MetricSample&, int)>& at) {
+  SampleHistory history;
+  for (int age = 60; age >= 0; --age) {
+    MetricSample sample = latest;
+    at(sample, age);
+    history.record(1000.0 - age, sample);
+  }
+  return history;
+}
+
+// The brightest pixel of the rows `top` to `bottom` (in a cell from its top) between the columns
+// `left` and `right` (from its leading edge).
+QColor brightestIn(const QImage& image, const CellPlacement& cell, int left, int right, int top,
+                   int bottom) {
+  const int x = static_cast<int>(cell.frame.x);
+  const int y = static_cast<int>(cell.frame.y);
+  return brightest(image, QRect(QPoint(x + left, y + top), QPoint(x + right, y + bottom)));
+}
+
+int sum(const QColor& colour) {
+  return colour.red() + colour.green() + colour.blue();
+}
+
+TEST_F(UsageViewTest, TheTrendIsOffByDefaultAndAHistoryAloneDrawsNothing) {
+  EXPECT_FALSE(view.showsTrend());
+  const MetricSample latest = busyLaptop();
+  view.setSample(latest);
+  const QImage without = renderOnBlack(view);
+  view.setSample(latest, minuteEndingWith(latest, [](MetricSample& s, int) { s.cpu = 0.95; }));
+  EXPECT_TRUE(view.trendLine(MetricKind::cpu).empty());
+  EXPECT_EQ(renderOnBlack(view), without);
+}
+
+TEST_F(UsageViewTest, TheTrendIsAFaintLineBehindTheBarAtTheHeightOfPastValues) {
+  MetricSample latest = busyLaptop();
+  latest.cpu = 0.1;  // a short bar now, after a busy minute
+  view.setShowTrend(true);
+  view.setSample(latest, minuteEndingWith(latest, [](MetricSample& s, int age) {
+                   if (age > 0) s.cpu = 0.9;
+                 }));
+  ASSERT_EQ(view.trendLine(MetricKind::cpu).size(), 1u);
+  const QImage image = renderOnBlack(view);
+  const CellPlacement& cpu = cellOf(MetricKind::cpu);
+  // The band runs from 3 points above the 3-point bar (rows 18 to 26 of the cell); a value of 0.9
+  // lies a tenth of the way down it, clear of the bar, right of the short fill.
+  const QColor line = brightestIn(image, cpu, 40, 160, 18, 20);
+  EXPECT_GT(sum(line), 3 * 25);
+  // Quiet: a grey dimmer than the secondary text and than the bar's fill.
+  EXPECT_EQ(line.red(), line.blue());
+  EXPECT_LT(sum(line), sum(overBlack(toQColor(Theme::secondaryForeground))));
+  const QColor bar = brightestIn(image, cpu, 0, 10, 22, 22);
+  EXPECT_LT(sum(line), sum(bar));
+  EXPECT_LT(line.green(), bar.green() / 2);
+  // Nothing of it beneath, where an empty bar would lie.
+  EXPECT_EQ(brightestIn(image, cpu, 40, 160, 24, 26), QColor(Qt::black));
+}
+
+TEST_F(UsageViewTest, AMissingReadingLeavesAGapInTheTrendNotADropToZero) {
+  MetricSample latest = busyLaptop();
+  view.setShowTrend(true);
+  view.setSample(latest, minuteEndingWith(latest, [](MetricSample& s, int age) {
+                   s.gpu = 0.5;
+                   if (age >= 20 && age <= 40) s.gpu.reset();
+                 }));
+  EXPECT_EQ(view.trendLine(MetricKind::gpu).size(), 2u);
+  const QImage image = renderOnBlack(view);
+  const CellPlacement& gpu = cellOf(MetricKind::gpu);
+  // The band's columns for the seconds 40 to 20 ago (x from 20/60 to 40/60 of 172 points), above
+  // and below the bar, with a pixel to spare for the line's round ends.
+  const int gapLeft = static_cast<int>(172.0 * 20.0 / 60.0) + 2;
+  const int gapRight = static_cast<int>(172.0 * 40.0 / 60.0) - 2;
+  EXPECT_EQ(brightestIn(image, gpu, gapLeft, gapRight, 18, 20), QColor(Qt::black));
+  EXPECT_EQ(brightestIn(image, gpu, gapLeft, gapRight, 24, 26), QColor(Qt::black));
+  // Either side of the gap the line runs at half height, through the bar's rows.
+  EXPECT_GT(sum(brightestIn(image, gpu, 120, 170, 21, 23)), 3 * 25);
+}
+
+TEST_F(UsageViewTest, SwitchingTheTrendOffDrawsTheGridAsWithout) {
+  const MetricSample latest = busyLaptop();
+  view.setSample(latest);
+  const QImage without = renderOnBlack(view);
+  view.setShowTrend(true);
+  view.setSample(latest,
+                 minuteEndingWith(latest, [](MetricSample& s, int age) { s.cpu = age / 60.0; }));
+  EXPECT_NE(renderOnBlack(view), without);
+  view.setShowTrend(false);
+  EXPECT_TRUE(view.trendLine(MetricKind::cpu).empty());
+  EXPECT_EQ(renderOnBlack(view), without);
+}
+
 TEST_F(UsageViewTest, MatchesTheReferenceRenderings) {
   const QString dir = BRIMLY_REFERENCE_DIR;
   view.setSample(busyLaptop());
@@ -411,6 +505,23 @@ TEST_F(UsageViewTest, MatchesTheReferenceRenderingAtTheLargerScale) {
   view.setScale(1.25);
   EXPECT_TRUE(testing::matchesReference(renderOnBlack(view),
                                         QString(BRIMLY_REFERENCE_DIR) + "/usage-grid-six-large.png",
+                                        testing::panelFaces));
+}
+
+// A minute with some life in it: a processor that came and went, a GPU reading that went missing
+// for ten seconds, memory filling slowly, a warm spell, a battery that drained faster for a while.
+TEST_F(UsageViewTest, MatchesTheReferenceRenderingWithTheTrend) {
+  const MetricSample latest = busyLaptop();
+  view.setShowTrend(true);
+  view.setSample(latest, minuteEndingWith(latest, [](MetricSample& s, int age) {
+                   s.cpu = 0.42 + 0.3 * std::sin(age / 6.0);
+                   if (age >= 15 && age <= 25) s.gpu.reset();
+                   s.memory = 8.53 / 16.0 - age * 0.0015;
+                   s.temperatureC = 70.0 + 13.0 * std::cos(age / 9.0);
+                   s.powerState = PowerState::discharging(7.4 + (age > 30 ? 9.0 : 0.0));
+                 }));
+  EXPECT_TRUE(testing::matchesReference(renderOnBlack(view),
+                                        QString(BRIMLY_REFERENCE_DIR) + "/usage-grid-trend.png",
                                         testing::panelFaces));
 }
 
