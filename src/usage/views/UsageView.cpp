@@ -385,8 +385,9 @@ void UsageView::takeTrend() {
 void UsageView::paintTrend(QPainter& painter, MetricKind kind) {
   const auto found = trend_.find(kind.value());
   if (found == trend_.end()) return;
-  painter.setPen(
-      QPen(trendColour(), TrendLine::lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  // A larger panel draws its line a quarter thicker, as it does every other length.
+  painter.setPen(QPen(trendColour(), TrendLine::lineWidth * scale_, Qt::SolidLine, Qt::RoundCap,
+                      Qt::RoundJoin));
   painter.setBrush(Qt::NoBrush);
   for (const TrendLine::Run& run : found->second) {
     QPolygonF line;
