@@ -7,13 +7,28 @@
 
 namespace brimly {
 
-UsageView* makePanelGrid(const SystemMonitor& monitor, const AppSettings& settings,
-                         const PanelState& panel, QWidget* parent) {
+namespace {
+
+// A panel-sized grid showing the latest sample and following the settings' metrics and unit.
+UsageView* makeGridFollowingSettings(const SystemMonitor& monitor, const AppSettings& settings,
+                                     QWidget* parent) {
   auto* view = new UsageView(UsageView::panelColumns, UsageView::panelCellWidth,
                              UsageTypography::system(), parent);
   view->setMetricOrder(settings.metricOrder());
   view->setUseFahrenheit(settings.useFahrenheit());
   view->setSample(monitor.current());
+  QObject::connect(&settings, &AppSettings::metricOrderChanged, view,
+                   [view, &settings] { view->setMetricOrder(settings.metricOrder()); });
+  QObject::connect(&settings, &AppSettings::useFahrenheitChanged, view,
+                   &UsageView::setUseFahrenheit);
+  return view;
+}
+
+}  // namespace
+
+UsageView* makePanelGrid(const SystemMonitor& monitor, const AppSettings& settings,
+                         const PanelState& panel, QWidget* parent) {
+  UsageView* view = makeGridFollowingSettings(monitor, settings, parent);
   const auto takeLatest = [view, &monitor] { view->setSample(monitor.current()); };
   QObject::connect(&monitor, &SystemMonitor::sampleApplied, view, [takeLatest, &panel] {
     if (panel.isOpen()) takeLatest();
@@ -23,10 +38,14 @@ UsageView* makePanelGrid(const SystemMonitor& monitor, const AppSettings& settin
   QObject::connect(&panel, &PanelState::isOpenAssigned, view, [takeLatest](bool open) {
     if (open) takeLatest();
   });
-  QObject::connect(&settings, &AppSettings::metricOrderChanged, view,
-                   [view, &settings] { view->setMetricOrder(settings.metricOrder()); });
-  QObject::connect(&settings, &AppSettings::useFahrenheitChanged, view,
-                   &UsageView::setUseFahrenheit);
+  return view;
+}
+
+UsageView* makePreviewGrid(const SystemMonitor& monitor, const AppSettings& settings,
+                           QWidget* parent) {
+  UsageView* view = makeGridFollowingSettings(monitor, settings, parent);
+  QObject::connect(&monitor, &SystemMonitor::sampleApplied, view,
+                   [view, &monitor] { view->setSample(monitor.current()); });
   return view;
 }
 

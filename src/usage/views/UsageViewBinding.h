@@ -18,4 +18,9 @@ class UsageView;
 UsageView* makePanelGrid(const SystemMonitor& monitor, const AppSettings& settings,
                          const PanelState& panel, QWidget* parent = nullptr);
 
+// The same grid for a preview of the panel: it follows the same settings, and takes every sample
+// the monitor applies, as the open panel does.
+UsageView* makePreviewGrid(const SystemMonitor& monitor, const AppSettings& settings,
+                           QWidget* parent = nullptr);
+
 }  // namespace brimly
