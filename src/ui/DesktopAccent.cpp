@@ -1,8 +1,7 @@
 #include "ui/DesktopAccent.h"
 
 #include <QEvent>
-#include <QGuiApplication>
-#include <QPalette>
+#include <QCoreApplication>
 
 namespace brimly {
 
@@ -10,10 +9,7 @@ DesktopAccent::DesktopAccent(QObject* parent) : QObject(parent) {
   if (QCoreApplication* application = QCoreApplication::instance()) {
     application->installEventFilter(this);
   }
-}
-
-std::optional<Color> DesktopAccent::color() const {
-  return fromHighlight(QGuiApplication::palette().color(QPalette::Active, QPalette::Highlight));
+  watchSystem();
 }
 
 std::optional<Color> DesktopAccent::fromHighlight(const QColor& highlight) {
