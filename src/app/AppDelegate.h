@@ -14,6 +14,7 @@
 #include "platform/qt/QtSamplingQueue.h"
 #include "sampling/SystemMonitor.h"
 #include "settings/AppSettings.h"
+#include "ui/AccentFollower.h"
 
 class QScreen;
 class QWidget;
@@ -110,6 +111,8 @@ class AppDelegate : public QObject {
   MouseTracker tracker_;
   PanelState panelState_;
   AppSettings settings_;
+  // Every window's accent follows the user's choice (and the desktop's colour for "System").
+  AccentFollower accent_{settings_};
 
   ProximityController proximity_;
   PanelLaunch launch_;

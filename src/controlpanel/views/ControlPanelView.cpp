@@ -9,6 +9,7 @@
 #include "controlpanel/views/ActionButton.h"
 #include "controlpanel/views/CardShadow.h"
 #include "panel/views/QtGeometry.h"
+#include "ui/Accent.h"
 #include "ui/SectionLabel.h"
 #include "ui/Switch.h"
 #include "ui/TextStyle.h"
@@ -151,7 +152,7 @@ void ControlPanelView::paintEvent(QPaintEvent*) {
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(card.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
 
-  paintSymbol(painter, headerSymbol, ControlPanelLayout::headerSymbolSize, toQColor(Theme::accent),
+  paintSymbol(painter, headerSymbol, ControlPanelLayout::headerSymbolSize, toQColor(Accent::current()),
               toQRectF(layout_.headerSymbol).center());
   painter.setPen(textColor(TextStyle::primary));
   painter.setFont(windowFont(*this, nameSize, QFont::DemiBold));

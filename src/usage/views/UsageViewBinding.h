@@ -21,4 +21,9 @@ class UsageView;
 UsageView* makePanelGrid(const SystemMonitor& monitor, const AppSettings& settings,
                          const PanelState& panel, QWidget* parent = nullptr);
 
+// The same grid, at the regular size, for a preview of the panel: it follows the same metrics,
+// unit and trend, and takes every sample the monitor applies, as the open panel does.
+UsageView* makePreviewGrid(const SystemMonitor& monitor, const AppSettings& settings,
+                           QWidget* parent = nullptr);
+
 }  // namespace brimly
