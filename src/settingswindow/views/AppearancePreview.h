@@ -14,8 +14,8 @@ class UsageView;
 // applies, drawn in miniature on the panel's black card. The grid itself is never shown on screen:
 // the preview paints it scaled to fit its width, so that its text stays sharp. A large panel fills
 // the width and a regular one is drawn a quarter smaller, as the two compare on the screen. The
-// grid follows the settings' metrics, unit, trend and panel size at once; its cells are read by assistive
-// technologies through the preview.
+// grid follows the settings' metrics, unit, trend and panel size at once; its cells are read by
+// assistive technologies through the preview.
 class AppearancePreview : public QWidget, public AccessibleParts {
   Q_OBJECT
 
@@ -24,8 +24,7 @@ class AppearancePreview : public QWidget, public AccessibleParts {
   static constexpr double cornerRadius = 10.0;
 
   // `settings` and `monitor` must outlive the preview.
-  AppearancePreview(AppSettings& settings, const SystemMonitor& monitor,
-                    QWidget* parent = nullptr);
+  AppearancePreview(AppSettings& settings, const SystemMonitor& monitor, QWidget* parent = nullptr);
 
   UsageView& grid() const { return *grid_; }
   // How much smaller than the panel's the grid is drawn now.

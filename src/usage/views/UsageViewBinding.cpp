@@ -64,7 +64,8 @@ UsageView* makePanelGrid(const SystemMonitor& monitor, const AppSettings& settin
 
 UsageView* makePreviewGrid(const SystemMonitor& monitor, const AppSettings& settings,
                            QWidget* parent) {
-  return makeGridFollowingSettings(monitor, settings, [] { return true; }, parent);
+  return makeGridFollowingSettings(
+      monitor, settings, [] { return true; }, parent);
 }
 
 }  // namespace brimly

@@ -142,6 +142,20 @@ TEST_F(AppearanceTabTest, ThePreviewFollowsTheShownMetrics) {
   EXPECT_EQ(tab.preview().grid().cells().size(), world.settings.metricOrder().size());
 }
 
+TEST_F(AppearanceTabTest, ThePreviewDrawsTheTrendOnceItIsSwitchedOn) {
+  world.nextSample([](FakeMachine& machine) { machine.addCpuTicks(700, 300); });
+  world.nextSample([](FakeMachine& machine) { machine.addCpuTicks(200, 800); });
+  EXPECT_FALSE(tab.preview().grid().showsTrend());
+  EXPECT_TRUE(tab.preview().grid().trendLine(MetricKind::cpu).empty());
+  QTest::keyClick(&tab.trendRow().toggle(), Qt::Key_Space);
+  EXPECT_TRUE(tab.preview().grid().showsTrend());
+  // The samples the monitor already holds are drawn at once, without waiting for the next.
+  EXPECT_FALSE(tab.preview().grid().trendLine(MetricKind::cpu).empty());
+  // The preview's grid stays at the regular size: the preview itself draws it larger.
+  world.settings.setPanelSize(PanelSize::large);
+  EXPECT_EQ(tab.preview().grid().scale(), 1.0);
+}
+
 TEST_F(AppearanceTabTest, ALargePanelIsPreviewedAQuarterLargerInTheSameRoom) {
   const double regular = tab.preview().gridScale();
   const int height = tab.preview().height();
