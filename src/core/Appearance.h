@@ -17,8 +17,8 @@ enum class AccentChoice { green, blue, indigo, purple, pink, orange, graphite, s
 
 // Every accent, in the order the Appearance tab shows its swatches.
 inline constexpr std::array<AccentChoice, 8> accentChoices = {
-    AccentChoice::green,  AccentChoice::blue,   AccentChoice::indigo,   AccentChoice::purple,
-    AccentChoice::pink,   AccentChoice::orange, AccentChoice::graphite, AccentChoice::system,
+    AccentChoice::green, AccentChoice::blue,   AccentChoice::indigo,   AccentChoice::purple,
+    AccentChoice::pink,  AccentChoice::orange, AccentChoice::graphite, AccentChoice::system,
 };
 
 // "green" … "system": the name stored in the settings.

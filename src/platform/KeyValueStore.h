@@ -7,9 +7,9 @@
 
 namespace brimly {
 
-// The user's persisted preferences: a per-user store of Boolean, string and string-list values under
-// string keys. Reads never fail loudly: a key that is absent, or that holds a value of another
-// type, reads as nothing.
+// The user's persisted preferences: a per-user store of Boolean, string and string-list values
+// under string keys. Reads never fail loudly: a key that is absent, or that holds a value of
+// another type, reads as nothing.
 class KeyValueStore {
  public:
   virtual ~KeyValueStore() = default;

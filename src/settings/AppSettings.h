@@ -15,11 +15,12 @@
 namespace brimly {
 
 // The user's persisted choices: temperatures in Fahrenheit, the panel pinned open, which metrics
-// the panel shows in which order, and how Brimly looks (accent colour, panel size, trend lines). One instance lives from launch to exit; the views
-// observe it. It reads the store once, when it is made, and writes nothing then, so a damaged
-// store is never overwritten at start; each later change is written back at once. A write the
-// store refuses or fails is reported in one line, and the value goes back to what the store
-// really holds (announced again), so that no switch shows a change that would be lost.
+// the panel shows in which order, and how Brimly looks (accent colour, panel size, trend lines).
+// One instance lives from launch to exit; the views observe it. It reads the store once, when it is
+// made, and writes nothing then, so a damaged store is never overwritten at start; each later
+// change is written back at once. A write the store refuses or fails is reported in one line, and
+// the value goes back to what the store really holds (announced again), so that no switch shows a
+// change that would be lost.
 //
 // `metricOrder` is both the set of shown metrics and their order: a kind absent from it is hidden.
 class AppSettings : public QObject {

@@ -35,8 +35,8 @@ AppearanceTabGeometry layout(const Rect& area, const Parts& parts) {
                              tab.sizeLabel.maxY() + captionGap, sizeWidth, sizeHeight});
   }
 
-  tab.trendRow = Rect{area.x, tab.sizeLabel.maxY() + captionGap + sizeHeight + groupGap,
-                      area.width, parts.trendRowHeight};
+  tab.trendRow = Rect{area.x, tab.sizeLabel.maxY() + captionGap + sizeHeight + groupGap, area.width,
+                      parts.trendRowHeight};
   return tab;
 }
 

@@ -32,10 +32,10 @@ inline constexpr double sizeHeight = 26.0;
 inline constexpr double sizeSpacing = 4.0;  // as the tabs'
 
 struct Parts {
-  Size caption;             // the tallest caption; each is as wide as the area
+  Size caption;  // the tallest caption; each is as wide as the area
   Size accentName;
   double previewHeight;
-  Size swatch;              // a swatch with its room for the rings
+  Size swatch;  // a swatch with its room for the rings
   std::size_t swatchCount;
   std::size_t sizeCount;
   double trendRowHeight;

@@ -15,7 +15,8 @@ void Accent::setColor(const Color& color) {
   color_ = color;
   emit changed();
   // A window repaints its children with itself.
-  for (QWidget* window : QApplication::topLevelWidgets()) window->update();
+  for (QWidget* window : QApplication::topLevelWidgets())
+    window->update();
 }
 
 }  // namespace brimly

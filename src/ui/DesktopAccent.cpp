@@ -1,7 +1,7 @@
 #include "ui/DesktopAccent.h"
 
-#include <QEvent>
 #include <QCoreApplication>
+#include <QEvent>
 
 namespace brimly {
 

@@ -59,8 +59,7 @@ TEST_F(AccentTest, ASwitchThatIsOnIsDrawnInTheCurrentAccent) {
   // Left of the knob, in the middle of the track.
   const QPoint track(toggle.width() / 2 - Switch::trackSize(Switch::Size::small).width() / 2 + 3,
                      toggle.height() / 2);
-  EXPECT_EQ(image.pixelColor(track).rgb(),
-            toQColor(AccentColors::of(AccentChoice::pink)).rgb());
+  EXPECT_EQ(image.pixelColor(track).rgb(), toQColor(AccentColors::of(AccentChoice::pink)).rgb());
 }
 
 TEST_F(AccentTest, QtsOwnFallbackHighlightIsNoDesktopAccent) {

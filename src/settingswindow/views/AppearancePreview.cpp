@@ -53,8 +53,8 @@ QSize AppearancePreview::sizeHint() const {
   // tab's layout still.
   const double gridWidth = std::max(grid_->sizeHint().width(), 1);
   const double fitted = std::max(width() - 2.0 * padding, 0.0) / gridWidth;
-  return QSize(width(), static_cast<int>(
-                            std::ceil(grid_->sizeHint().height() * fitted + 2.0 * padding)));
+  return QSize(width(),
+               static_cast<int>(std::ceil(grid_->sizeHint().height() * fitted + 2.0 * padding)));
 }
 
 std::vector<DrawnText> AppearancePreview::drawnTexts() const {

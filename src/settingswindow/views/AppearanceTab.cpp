@@ -74,7 +74,8 @@ void AppearanceTab::showSettings() {
   for (AccentSwatch* swatch : swatches_) {
     swatch->setChosen(swatch->choice() == settings_.accentColor());
   }
-  for (SizeSegment* segment : sizes_) segment->setChosen(segment->size() == settings_.panelSize());
+  for (SizeSegment* segment : sizes_)
+    segment->setChosen(segment->size() == settings_.panelSize());
   trendRow_->setOn(settings_.showTrend());
   relayout();
 }

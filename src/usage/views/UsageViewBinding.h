@@ -10,8 +10,8 @@ class SystemMonitor;
 class UsageView;
 
 // The notch panel's grid: three columns of 172-point cells, showing the monitor's latest readings
-// with the user's choice of metrics, unit and trend, at the size of the user's choice of panel size.
-// A new panel size comes with a new card, and the panel makes a new grid for it. It takes the
+// with the user's choice of metrics, unit and trend, at the size of the user's choice of panel
+// size. A new panel size comes with a new card, and the panel makes a new grid for it. It takes the
 // current state at once, then every change of the shown metrics, of the temperature unit and of
 // "Show trend", and every applied sample while `panel` is open. A closed panel shows no grid, so
 // the samples that arrive meanwhile (one every five seconds, all day) are not laid out for

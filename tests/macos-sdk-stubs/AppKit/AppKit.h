@@ -22,7 +22,7 @@
 + (NSColor*)colorWithSRGBRed:(CGFloat)red
                        green:(CGFloat)green
                         blue:(CGFloat)blue
-                       alpha:(CGFloat)alpha;  // macOS 10.7
+                       alpha:(CGFloat)alpha;                     // macOS 10.7
 - (nullable NSColor*)colorUsingColorSpace:(NSColorSpace*)space;  // macOS 10.6
 @property(readonly) CGFloat redComponent;
 @property(readonly) CGFloat greenComponent;
