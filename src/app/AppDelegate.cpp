@@ -12,6 +12,7 @@
 #include "controlpanel/ControlPanelController.h"
 #include "controlpanel/ControlPanelModel.h"
 #include "controlpanel/views/ControlPanelWindow.h"
+#include "core/Appearance.h"
 #include "core/VersionText.h"
 #include "desktop/DesktopIntegration.h"
 #include "desktop/QtScreenPort.h"
@@ -67,6 +68,7 @@ void AppDelegate::applicationDidFinishLaunching() {
   connect(&settings_, &AppSettings::isPinnedChanged, this,
           [this](bool pinned) { tracker_.setPinned(pinned); });
   launch_.launch(settings_.isPinned(), hooks);
+  connect(&settings_, &AppSettings::panelSizeChanged, this, &AppDelegate::refitPanel);
 
   // Said once, after the tracker has tried to watch the pointer.
   if (const std::optional<std::string> notice = desktop_.hoverNotice()) {
@@ -84,14 +86,19 @@ void AppDelegate::applicationWillTerminate() {
 }
 
 void AppDelegate::recomputeNotch() {
-  placement_ = NotchGeometry::place(screens_, notchSize_);
+  placement_ = NotchGeometry::place(screens_, notchSize_, panelScale());
   notchSize_ = placement_.notchSize;
+}
+
+double AppDelegate::panelScale() const {
+  return scaleOf(settings_.panelSize());
 }
 
 void AppDelegate::buildWindow() {
   window_ = std::make_unique<PanelWindow>(
       panelState_, notchSize_, placement_.hasNotch,
-      [this]() -> QWidget* { return makePanelGrid(monitor_, settings_, panelState_); });
+      [this]() -> QWidget* { return makePanelGrid(monitor_, settings_, panelState_); },
+      panelScale());
   window_->setWindowTitle("Brimly");
   window_->winId();  // the native window, so that the desktop's hints go on before it is shown
   desktop_.prepareOverlay(*window_);
@@ -241,9 +248,13 @@ void AppDelegate::queueScreenParamsChanged() {
 
 void AppDelegate::screenParamsChanged() {
   if (controlPanel_) controlPanel_->screensChanged();
+  refitPanel();
+}
+
+void AppDelegate::refitPanel() {
   recomputeNotch();
   if (window_) {
-    window_->rebuildRootView(notchSize_, placement_.hasNotch);
+    window_->rebuildRootView(notchSize_, placement_.hasNotch, panelScale());
     desktop_.rootViewReplaced(*window_);
   }
   applyTrackerGeometry();

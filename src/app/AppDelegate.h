@@ -14,6 +14,7 @@
 #include "platform/qt/QtSamplingQueue.h"
 #include "sampling/SystemMonitor.h"
 #include "settings/AppSettings.h"
+#include "ui/AccentFollower.h"
 
 class QScreen;
 class QWidget;
@@ -55,6 +56,9 @@ class AppDelegate : public QObject {
   // tracker and re-places the panel. Screen signals arrive in bursts, so they ask for this once,
   // after the burst.
   void screenParamsChanged();
+  // Rebuilds the root view and its grid at the chosen panel size, re-aims the tracker and
+  // re-places the panel: on a new panel size, and for the screens' changes above.
+  void refitPanel();
 
   SystemMonitor& monitor() { return monitor_; }
   const MouseTracker& tracker() const { return tracker_; }
@@ -79,6 +83,8 @@ class AppDelegate : public QObject {
 
  private:
   void recomputeNotch();
+  // What every length of the open panel is multiplied by, for the chosen panel size.
+  double panelScale() const;
   void buildWindow();
   void buildStatusItem();
   void buildControlPanel();
@@ -105,6 +111,8 @@ class AppDelegate : public QObject {
   MouseTracker tracker_;
   PanelState panelState_;
   AppSettings settings_;
+  // Every window's accent follows the user's choice (and the desktop's colour for "System").
+  AccentFollower accent_{settings_};
 
   ProximityController proximity_;
   PanelLaunch launch_;

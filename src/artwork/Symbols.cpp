@@ -24,7 +24,7 @@ namespace brimly {
 namespace {
 
 // Each symbol name the code uses, and the file of our drawing for it.
-constexpr std::array<std::pair<const char*, const char*>, 10> symbolFiles{{
+constexpr std::array<std::pair<const char*, const char*>, 11> symbolFiles{{
     {"gauge.with.dots.needle.bottom.50percent", "gauge"},
     {"speedometer", "gauge"},
     {"pin", "pin"},
@@ -33,6 +33,7 @@ constexpr std::array<std::pair<const char*, const char*>, 10> symbolFiles{{
     {"gearshape", "gear"},
     {"square.grid.2x2", "grid"},
     {"paintpalette", "palette"},
+    {"chart.xyaxis.line", "trend"},
     {"line.3.horizontal", "drag-handle"},
     {"eye.slash", "eye-slash"},
 }};

@@ -41,23 +41,25 @@ Size NotchGeometry::recomputeNotch(const std::optional<ScreenDescription>& notch
   return measureNotch(*notchScreen, statusBarThickness);
 }
 
-Rect NotchGeometry::panelFrame(const Rect& screenFrame, Size notchSize) {
-  const double height = notchSize.height + contentHeight;
-  return {screenFrame.midX() - halfWidth, screenFrame.maxY() - height, expandedWidth, height};
+Rect NotchGeometry::panelFrame(const Rect& screenFrame, Size notchSize, double scale) {
+  const double height = notchSize.height + contentHeight * scale;
+  return {screenFrame.midX() - halfWidth * scale, screenFrame.maxY() - height,
+          expandedWidth * scale, height};
 }
 
 TrackerGeometry NotchGeometry::trackerGeometry(const std::optional<Rect>& notchScreenFrame,
-                                               Size notchSize) {
+                                               Size notchSize, double scale) {
   return {
       .screenFrame = notchScreenFrame,
       .triggerWidthHidden = notchSize.width + hiddenTriggerExtraWidth,
-      .triggerWidthShown = shownTriggerWidth,
+      .triggerWidthShown = shownTriggerWidth * scale,
       .triggerHeightHidden = notchSize.height,
-      .triggerHeightShown = notchSize.height + contentHeight + shownTriggerExtraHeight,
+      .triggerHeightShown = notchSize.height + (contentHeight + shownTriggerExtraHeight) * scale,
   };
 }
 
-NotchPlacement NotchGeometry::place(const ScreenPort& screens, Size previousNotchSize) {
+NotchPlacement NotchGeometry::place(const ScreenPort& screens, Size previousNotchSize,
+                                    double scale) {
   NotchPlacement placement;
   placement.screen = notchScreen(screens.screens(), screens.mainScreen());
   placement.notchSize =
@@ -66,9 +68,9 @@ NotchPlacement NotchGeometry::place(const ScreenPort& screens, Size previousNotc
   if (placement.screen) {
     placement.hasNotch = placement.screen->hasCameraHousing();
     frame = placement.screen->frame;
-    placement.panelFrame = panelFrame(*frame, placement.notchSize);
+    placement.panelFrame = panelFrame(*frame, placement.notchSize, scale);
   }
-  placement.tracker = trackerGeometry(frame, placement.notchSize);
+  placement.tracker = trackerGeometry(frame, placement.notchSize, scale);
   return placement;
 }
 

@@ -27,7 +27,8 @@ struct NotchPlacement {
 };
 
 // The panel's geometry rules, as pure functions of plain rectangles and insets. All lengths are in
-// points, in global coordinates with the origin at the bottom left.
+// points, in global coordinates with the origin at the bottom left. A larger panel (see `scaleOf`)
+// multiplies the open panel's lengths by `scale`; what belongs to the closed notch stays as it is.
 class NotchGeometry final {
  public:
   NotchGeometry() = delete;
@@ -60,16 +61,20 @@ class NotchGeometry final {
   static Size recomputeNotch(const std::optional<ScreenDescription>& notchScreen,
                              double statusBarThickness, Size previous);
 
-  // The panel centred on the screen's top edge: 600 wide, notch height + 116 tall.
-  static Rect panelFrame(const Rect& screenFrame, Size notchSize);
+  // The panel centred on the screen's top edge: 600 wide, notch height + 116 tall (600 × `scale`
+  // wide, notch height + 116 × `scale` tall).
+  static Rect panelFrame(const Rect& screenFrame, Size notchSize, double scale = 1.0);
 
   // The tracker's screen and trigger sizes for a notch: hidden width notch width + 20, shown width
-  // 616 whatever the notch, hidden height the notch height, shown height notch height + 130.
+  // 616 whatever the notch, hidden height the notch height, shown height notch height + 130. The
+  // shown pair covers the open panel, so its 616 and 130 are `scale` times larger; the hidden pair
+  // surrounds the notch and keeps its size.
   static TrackerGeometry trackerGeometry(const std::optional<Rect>& notchScreenFrame,
-                                         Size notchSize);
+                                         Size notchSize, double scale = 1.0);
 
-  // All of the above from the desktop's current screens.
-  static NotchPlacement place(const ScreenPort& screens, Size previousNotchSize);
+  // All of the above from the desktop's current screens, for a panel at `scale`.
+  static NotchPlacement place(const ScreenPort& screens, Size previousNotchSize,
+                              double scale = 1.0);
 };
 
 }  // namespace brimly

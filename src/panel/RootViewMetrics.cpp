@@ -4,8 +4,13 @@
 
 namespace brimly {
 
-RootViewMetrics RootViewMetrics::forNotch(Size notch, bool hasNotch) {
-  return {notch.height, notch.width, openWidth, notch.height + contentHeight, hasNotch};
+RootViewMetrics RootViewMetrics::forNotch(Size notch, bool hasNotch, double scale) {
+  return {.notchInsetTop = notch.height,
+          .notchWidth = notch.width,
+          .expandedWidth = openWidth * scale,
+          .expandedHeight = notch.height + contentHeight * scale,
+          .hasNotch = hasNotch,
+          .scale = scale};
 }
 
 Rect RootViewMetrics::cardFrame(double viewWidth, double openness) const {
@@ -17,6 +22,11 @@ Rect RootViewMetrics::cardFrame(double viewWidth, double openness) const {
 double RootViewMetrics::cardOpacity(double openness) const {
   if (hasNotch) return 1.0;
   return TimingCurve::easeInOut()(openness / fadeInOpenness);
+}
+
+NotchShape RootViewMetrics::cardOutline(const NotchShape& usual, double openness) const {
+  const double growth = 1.0 + (scale - 1.0) * openness;
+  return {usual.topRadius * growth, usual.bottomRadius * growth};
 }
 
 Rect RootViewMetrics::contentFrame(double viewWidth) const {

@@ -7,6 +7,7 @@ namespace brimly {
 SystemMonitor::SystemMonitor(const PlatformFactory& platform, SamplingQueue& queue, QObject* parent)
     : QObject(parent),
       queue_(queue),
+      clock_(platform.clock()),
       sampler_(std::make_shared<MetricSampler>(platform)),
       self_(std::make_shared<SystemMonitor*>(this)) {}
 
@@ -29,16 +30,18 @@ void SystemMonitor::restartTimer(double intervalSeconds) {
   std::weak_ptr<MetricSampler> weakSampler = sampler_;
   std::weak_ptr<SystemMonitor*> weakSelf = self_;
   SamplingQueue* queue = &queue_;
+  const MonotonicClock* clock = &clock_;
   // Runs on the sampling thread; the sampler is touched there only.
-  auto tick = [weakSampler, weakSelf, queue] {
+  auto tick = [weakSampler, weakSelf, queue, clock] {
     const std::shared_ptr<MetricSampler> sampler = weakSampler.lock();
     if (!sampler) return;
+    const double takenAt = clock->nowSeconds();
     MetricSample sample = sampler->sample();
     // What the machine has sources for goes along with the first sample only.
     std::optional<std::vector<MetricKind>> withoutSource;
     if (sampler->sampleCounter() == 1) withoutSource = sampler->kindsWithoutSource();
-    queue->postToMain([weakSelf, sample = std::move(sample), withoutSource] {
-      if (const auto self = weakSelf.lock()) (*self)->apply(sample, withoutSource);
+    queue->postToMain([weakSelf, sample = std::move(sample), takenAt, withoutSource] {
+      if (const auto self = weakSelf.lock()) (*self)->apply(sample, takenAt, withoutSource);
     });
   };
   timer_ = queue_.startRepeatingTimer(intervalSeconds, std::move(tick));
@@ -55,9 +58,10 @@ void SystemMonitor::cancelTimer() {
   timer_.reset();
 }
 
-void SystemMonitor::apply(const MetricSample& sample,
+void SystemMonitor::apply(const MetricSample& sample, double takenAt,
                           const std::optional<std::vector<MetricKind>>& kindsWithoutSource) {
   current_ = sample;
+  history_.record(takenAt, sample);
   if (kindsWithoutSource && !kindsWithoutSource_) {
     kindsWithoutSource_ = kindsWithoutSource;
     emit sourcesFound();

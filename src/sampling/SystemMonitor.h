@@ -10,6 +10,7 @@
 #include "platform/PlatformFactory.h"
 #include "platform/SamplingQueue.h"
 #include "sampling/MetricSample.h"
+#include "sampling/SampleHistory.h"
 #include "sampling/SamplingRateControl.h"
 
 namespace brimly {
@@ -20,7 +21,9 @@ class MetricSampler;
 // sample per tick; each sample crosses to the main thread by value and replaces the published
 // readings whole, with no smoothing: a reading that is absent in the sample becomes absent here.
 // The timer runs every second while the notch panel is open and every five seconds while it is
-// closed. Everything but the sampling itself happens on the main thread.
+// closed. Everything but the sampling itself happens on the main thread. The monitor also keeps the
+// latest samples it applied, each with the time it was taken (see `SampleHistory`), for the trend
+// lines: nothing is sampled for them that would not be sampled anyway.
 class SystemMonitor : public QObject, public SamplingRateControl {
   Q_OBJECT
 
@@ -32,6 +35,8 @@ class SystemMonitor : public QObject, public SamplingRateControl {
 
   // The published readings: the last sample applied, or all defaults before the first.
   const MetricSample& current() const { return current_; }
+  // The latest samples applied, oldest first, the last of them `current()`.
+  const SampleHistory& history() const { return history_; }
 
   // The metrics this machine has no source for at all, as the first sample found them (see
   // `MetricSources`); nothing before the first sample is applied.
@@ -68,10 +73,11 @@ class SystemMonitor : public QObject, public SamplingRateControl {
   void sourcesFound();
 
  private:
-  void apply(const MetricSample& sample,
+  void apply(const MetricSample& sample, double takenAt,
              const std::optional<std::vector<MetricKind>>& kindsWithoutSource);
 
   SamplingQueue& queue_;
+  const MonotonicClock& clock_;  // read on the sampling thread, to stamp each sample
   std::shared_ptr<MetricSampler> sampler_;
   // Ticks and posted samples reach the monitor only through weak references to these, so that a
   // tick or a delivery that comes after the monitor is gone does nothing.
@@ -79,6 +85,7 @@ class SystemMonitor : public QObject, public SamplingRateControl {
   std::unique_ptr<RepeatingTimer> timer_;
   bool panelOpen_ = false;
   MetricSample current_;
+  SampleHistory history_;
   std::optional<std::vector<MetricKind>> kindsWithoutSource_;
 };
 

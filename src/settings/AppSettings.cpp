@@ -18,6 +18,16 @@ std::vector<MetricKind> storedOrder(const KeyValueStore& store) {
       store.readStringList(AppSettings::metricOrderKey).value_or(std::vector<std::string>{}));
 }
 
+AccentChoice storedAccent(const KeyValueStore& store) {
+  const std::optional<std::string> name = store.readString(AppSettings::accentColorKey);
+  return name ? accentChoiceNamed(*name).value_or(AccentChoice::green) : AccentChoice::green;
+}
+
+PanelSize storedPanelSize(const KeyValueStore& store) {
+  const std::optional<std::string> name = store.readString(AppSettings::panelSizeKey);
+  return name ? panelSizeNamed(*name).value_or(PanelSize::regular) : PanelSize::regular;
+}
+
 }  // namespace
 
 AppSettings::AppSettings(KeyValueStore& store, QObject* parent)
@@ -25,6 +35,9 @@ AppSettings::AppSettings(KeyValueStore& store, QObject* parent)
       defaults_(store),
       useFahrenheit_(storedBool(store, useFahrenheitKey)),
       isPinned_(storedBool(store, isPinnedKey)),
+      accentColor_(storedAccent(store)),
+      panelSize_(storedPanelSize(store)),
+      showTrend_(storedBool(store, showTrendKey)),
       metricOrder_(storedOrder(store)),
       orderStored_(store.readStringList(metricOrderKey).has_value()) {}
 
@@ -38,12 +51,43 @@ bool AppSettings::written(const std::optional<std::string>& failure) const {
   return false;
 }
 
+template <typename Value>
+void AppSettings::assign(Value& field, Value value, void (AppSettings::*changed)(Value),
+                         const std::function<std::optional<std::string>()>& write,
+                         const std::type_identity_t<std::function<Value()>>& stored) {
+  field = value;
+  emit(this->*changed)(field);
+  if (written(write())) return;
+  field = stored();
+  emit(this->*changed)(field);
+}
+
 void AppSettings::setUseFahrenheit(bool useFahrenheit) {
-  useFahrenheit_ = useFahrenheit;
-  emit useFahrenheitChanged(useFahrenheit_);
-  if (written(defaults_.writeBool(useFahrenheitKey, useFahrenheit_))) return;
-  useFahrenheit_ = storedBool(defaults_, useFahrenheitKey);
-  emit useFahrenheitChanged(useFahrenheit_);
+  assign(
+      useFahrenheit_, useFahrenheit, &AppSettings::useFahrenheitChanged,
+      [&] { return defaults_.writeBool(useFahrenheitKey, useFahrenheit); },
+      [this] { return storedBool(defaults_, useFahrenheitKey); });
+}
+
+void AppSettings::setAccentColor(AccentChoice accent) {
+  assign(
+      accentColor_, accent, &AppSettings::accentColorChanged,
+      [&] { return defaults_.writeString(accentColorKey, storedName(accent)); },
+      [this] { return storedAccent(defaults_); });
+}
+
+void AppSettings::setPanelSize(PanelSize size) {
+  assign(
+      panelSize_, size, &AppSettings::panelSizeChanged,
+      [&] { return defaults_.writeString(panelSizeKey, storedName(size)); },
+      [this] { return storedPanelSize(defaults_); });
+}
+
+void AppSettings::setShowTrend(bool showTrend) {
+  assign(
+      showTrend_, showTrend, &AppSettings::showTrendChanged,
+      [&] { return defaults_.writeBool(showTrendKey, showTrend); },
+      [this] { return storedBool(defaults_, showTrendKey); });
 }
 
 void AppSettings::setPinned(bool pinned) {

@@ -105,6 +105,12 @@ std::optional<std::vector<std::string>> QSettingsStore::readStringList(std::stri
   return strings;
 }
 
+std::optional<std::string> QSettingsStore::readString(std::string_view key) const {
+  const QVariant value = readValue(key);
+  if (value.metaType().id() != QMetaType::QString) return std::nullopt;
+  return value.toString().toStdString();
+}
+
 std::optional<std::string> QSettingsStore::writeBool(std::string_view key, bool value) {
   return write(key, value);
 }
@@ -116,6 +122,11 @@ std::optional<std::string> QSettingsStore::writeStringList(std::string_view key,
   for (const std::string& text : value)
     list.push_back(QString::fromStdString(text));
   return write(key, list);
+}
+
+std::optional<std::string> QSettingsStore::writeString(std::string_view key,
+                                                       std::string_view value) {
+  return write(key, toQString(value));
 }
 
 std::optional<std::string> QSettingsStore::write(std::string_view key, const QVariant& value) {

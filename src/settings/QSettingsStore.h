@@ -16,9 +16,9 @@ namespace brimly {
 //
 // In the INI format a value carries no type, so the reads follow how QSettings writes values:
 // a Boolean is the text "true" or "false"; a string list is a comma-separated list, and a list of
-// one string is written as that string alone, so a plain string reads as a list of one. Anything
-// else (numbers like "1", byte arrays, other serialised types) is of the wrong type and reads
-// as nothing.
+// one string is written as that string alone, so a plain string reads as a list of one (and as a
+// string), while a list of several is not a string. Anything else (numbers like "1", byte arrays,
+// other serialised types) is of the wrong type and reads as nothing.
 //
 // The file is looked at afresh before every read and every write, and only a regular file of this
 // user of at most 64 KiB is ever opened (reading through a link to one is fine): a FIFO, a device,
@@ -49,9 +49,11 @@ class QSettingsStore : public KeyValueStore {
 
   std::optional<bool> readBool(std::string_view key) const override;
   std::optional<std::vector<std::string>> readStringList(std::string_view key) const override;
+  std::optional<std::string> readString(std::string_view key) const override;
   std::optional<std::string> writeBool(std::string_view key, bool value) override;
   std::optional<std::string> writeStringList(std::string_view key,
                                              const std::vector<std::string>& value) override;
+  std::optional<std::string> writeString(std::string_view key, std::string_view value) override;
   bool readFailed() const override { return !refusedAtStart_.empty(); }
 
   // Where the file is, for people to read.

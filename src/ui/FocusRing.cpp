@@ -7,6 +7,7 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "ui/Accent.h"
 #include "usage/views/QtColor.h"
 
 namespace brimly::FocusRing {
@@ -96,7 +97,7 @@ void paint(QPainter& painter, const QRectF& outer, double radius) {
   painter.setBrush(Qt::NoBrush);
   // Each stroke is centred on its own middle line, so that it covers whole pixels.
   const double bandMiddle = bandWidth / 2.0;
-  painter.setPen(QPen(toQColor(band), bandWidth));
+  painter.setPen(QPen(toQColor(Accent::current()), bandWidth));
   painter.drawRoundedRect(outer.adjusted(bandMiddle, bandMiddle, -bandMiddle, -bandMiddle),
                           std::max(radius - bandMiddle, 0.0), std::max(radius - bandMiddle, 0.0));
   const double lineMiddle = bandWidth + lineWidth / 2.0;

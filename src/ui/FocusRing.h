@@ -13,11 +13,10 @@ namespace brimly {
 // the user did in Brimly was at the keyboard: a key press shows it on the focused control, and a
 // press of a mouse button anywhere hides it, so that a control that is clicked never wears one.
 // It is drawn in two tones, to stand out from the windows' surface and from an accent fill (a
-// switch that is on) alike: a band in the accent along its outer edge and a line in the surface's
-// colour inside the band.
+// switch that is on) alike: a band in the current accent (`Accent`) along its outer edge and a
+// line in the surface's colour inside the band.
 namespace FocusRing {
 
-inline constexpr Color band = Theme::accent;
 inline constexpr Color line = Theme::surface;
 inline constexpr double bandWidth = 2.0;
 inline constexpr double lineWidth = 1.0;

@@ -6,7 +6,7 @@
 
 #include "ui/FocusRing.h"
 
-#include "usage/Theme.h"
+#include "ui/Accent.h"
 #include "usage/views/QtColor.h"
 
 namespace brimly {
@@ -59,7 +59,7 @@ void Switch::paintEvent(QPaintEvent*) {
 
   const QColor off = QColor::fromRgbF(1, 1, 1, isDown() ? 0.24f : 0.16f);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(isOn() ? toQColor(Theme::accent) : off);
+  painter.setBrush(isOn() ? toQColor(Accent::current()) : off);
   painter.drawRoundedRect(trackRect, radius, radius);
 
   const double inset = track.height() >= 18 ? 2.0 : 1.5;

@@ -12,61 +12,65 @@ namespace MetricGridLayout {
 
 namespace {
 
-double rowWidth(std::size_t cellCount, double cellWidth) {
+double rowWidth(std::size_t cellCount, double cellWidth, double spacing) {
   if (cellCount == 0) return 0.0;
   const auto n = static_cast<double>(cellCount);
-  return n * cellWidth + (n - 1.0) * cellSpacing;
+  return n * cellWidth + (n - 1.0) * spacing;
 }
 
 }  // namespace
 
 GridGeometry layout(const std::vector<MetricKind>& kinds, int columns, double cellWidth,
-                    double cellHeight) {
+                    double cellHeight, double scale) {
   const auto rows = MetricLayout::rows(kinds, columns);
+  const double spacing = cellSpacing * scale;
 
   double stackWidth = 0.0;
   for (const auto& row : rows)
-    stackWidth = std::max(stackWidth, rowWidth(row.size(), cellWidth));
+    stackWidth = std::max(stackWidth, rowWidth(row.size(), cellWidth, spacing));
   const auto rowCount = static_cast<double>(rows.size());
   const double stackHeight =
-      rows.empty() ? 0.0 : rowCount * cellHeight + (rowCount - 1.0) * rowSpacing;
+      rows.empty() ? 0.0 : rowCount * cellHeight + (rowCount - 1.0) * rowSpacing * scale;
 
-  const double paddedWidth = stackWidth + 2.0 * horizontalPadding;
+  const double paddedWidth = stackWidth + 2.0 * horizontalPadding * scale;
   GridGeometry grid;
-  grid.size = Size{std::clamp(paddedWidth, minimumWidth, maximumWidth),
-                   stackHeight + 2.0 * verticalPadding};
+  grid.size = Size{std::clamp(paddedWidth, minimumWidth * scale, maximumWidth * scale),
+                   stackHeight + 2.0 * verticalPadding * scale};
 
   // The padded content is centred in the grid's frame; each row is centred in the stack.
-  const double stackX = (grid.size.width - paddedWidth) / 2.0 + horizontalPadding;
-  double y = verticalPadding;
+  const double stackX = (grid.size.width - paddedWidth) / 2.0 + horizontalPadding * scale;
+  double y = verticalPadding * scale;
   for (const auto& row : rows) {
-    double x = stackX + (stackWidth - rowWidth(row.size(), cellWidth)) / 2.0;
+    double x = stackX + (stackWidth - rowWidth(row.size(), cellWidth, spacing)) / 2.0;
     for (const MetricKind kind : row) {
       grid.cells.push_back(CellPlacement{kind, Rect{x, y, cellWidth, cellHeight}});
-      x += cellWidth + cellSpacing;
+      x += cellWidth + spacing;
     }
-    y += cellHeight + rowSpacing;
+    y += cellHeight + rowSpacing * scale;
   }
   return grid;
 }
 
-CellGeometry cellLayout(double cellWidth, double headerHeight) {
+CellGeometry cellLayout(double cellWidth, double headerHeight, double scale) {
+  const double spacing = cellPartSpacing * scale;
   CellGeometry cell;
   cell.header = Rect{0.0, 0.0, cellWidth, headerHeight};
-  cell.bar = Rect{0.0, cell.header.maxY() + cellPartSpacing, cellWidth, barHeight};
-  cell.detail = Rect{0.0, cell.bar.maxY() + cellPartSpacing, cellWidth, detailHeight};
+  cell.bar = Rect{0.0, cell.header.maxY() + spacing, cellWidth, barHeight * scale};
+  cell.detail = Rect{0.0, cell.bar.maxY() + spacing, cellWidth, detailHeight * scale};
   cell.size = Size{cellWidth, cell.detail.maxY()};
+  cell.scale = scale;
   return cell;
 }
 
-double cellHeight(double headerHeight) {
-  return headerHeight + cellPartSpacing + barHeight + cellPartSpacing + detailHeight;
+double cellHeight(double headerHeight, double scale) {
+  return headerHeight + (cellPartSpacing + barHeight + cellPartSpacing + detailHeight) * scale;
 }
 
-double barFillWidth(double value, double cellWidth) {
+double barFillWidth(double value, double cellWidth, double scale) {
+  const double stub = minimumBarFill * scale;
   const double width = value * cellWidth;
-  if (!std::isfinite(width)) return minimumBarFill;
-  return std::max(width, minimumBarFill);
+  if (!std::isfinite(width)) return stub;
+  return std::max(width, stub);
 }
 
 }  // namespace MetricGridLayout
@@ -85,7 +89,7 @@ Rect CellGeometry::detailTextFrame(Size textSize) const {
 }
 
 Rect CellGeometry::barFillFrame(double value) const {
-  return Rect{bar.x, bar.y, MetricGridLayout::barFillWidth(value, bar.width), bar.height};
+  return Rect{bar.x, bar.y, MetricGridLayout::barFillWidth(value, bar.width, scale), bar.height};
 }
 
 }  // namespace brimly

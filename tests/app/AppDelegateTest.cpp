@@ -302,6 +302,40 @@ TEST_F(AppDelegateTest, ScreenChangeRebuildsTheRootViewAndReplacesThePanel) {
   EXPECT_NE(grid(), nullptr);
 }
 
+TEST_F(AppDelegateTest, ALargerPanelSizeRefitsThePanelTheGridAndTheTrackerAtOnce) {
+  AppDelegate& delegate = launch();
+  delegate.panelState().setOpen(true);
+  delegate.settings().setPanelSize(PanelSize::large);
+  // 750 × (32 + 145), still hanging from the middle of the screen's top edge.
+  const QRect large(screenGeometry().center().x() + 1 - 375, 0, 750, 177);
+  EXPECT_EQ(delegate.window()->geometry(), large);
+  EXPECT_EQ(delegate.window()->rootView()->metrics(),
+            RootViewMetrics::forNotch({200, 32}, false, 1.25));
+  EXPECT_EQ(desktop_.rootViewReplacements, 1);
+  ASSERT_NE(grid(), nullptr);
+  EXPECT_EQ(grid()->scale(), 1.25);
+  EXPECT_TRUE(delegate.panelState().isOpen());
+  const TrackerGeometry& geometry = delegate.tracker().geometry();
+  EXPECT_EQ(geometry.triggerWidthHidden, 220.0);  // the notch's, whatever the panel's size
+  EXPECT_EQ(geometry.triggerHeightHidden, 32.0);
+  EXPECT_EQ(geometry.triggerWidthShown, 770.0);
+  EXPECT_EQ(geometry.triggerHeightShown, 32.0 + 162.5);
+
+  delegate.settings().setPanelSize(PanelSize::regular);
+  EXPECT_EQ(delegate.window()->geometry(), panelGeometry());
+  EXPECT_EQ(grid()->scale(), 1.0);
+  EXPECT_EQ(delegate.tracker().geometry().triggerWidthShown, 616.0);
+}
+
+TEST_F(AppDelegateTest, AStoredLargerPanelSizeIsTheSizeFromLaunch) {
+  defaults_.writeString(AppSettings::panelSizeKey, "large");
+  AppDelegate& delegate = launch();
+  EXPECT_EQ(delegate.window()->size(), QSize(750, 177));
+  EXPECT_EQ(grid()->scale(), 1.25);
+  EXPECT_EQ(delegate.tracker().geometry().triggerWidthShown, 770.0);
+  EXPECT_EQ(desktop_.rootViewReplacements, 0);
+}
+
 TEST_F(AppDelegateTest, TerminationStopsSamplingAndPointerTracking) {
   AppDelegate& delegate = launch();
   delegate.applicationWillTerminate();

@@ -36,11 +36,12 @@ const QStringList allNames{
     "gearshape",
     "square.grid.2x2",
     "paintpalette",
+    "chart.xyaxis.line",
     "line.3.horizontal",
     "eye.slash",
 };
 
-// One name for each of our nine drawings ("speedometer" shares the gauge).
+// One name for each of our ten drawings ("speedometer" shares the gauge).
 const QStringList oneNamePerDrawing{
     "gauge.with.dots.needle.bottom.50percent",
     "pin",
@@ -49,6 +50,7 @@ const QStringList oneNamePerDrawing{
     "gearshape",
     "square.grid.2x2",
     "paintpalette",
+    "chart.xyaxis.line",
     "line.3.horizontal",
     "eye.slash",
 };
@@ -138,6 +140,7 @@ const std::vector<SymbolInUse> symbolsInUse{
     {"gearshape", 11},
     {"square.grid.2x2", 11},
     {"paintpalette", 11},
+    {"chart.xyaxis.line", 12.5},
     {"line.3.horizontal", 11},
     {"eye.slash", 11},
 };

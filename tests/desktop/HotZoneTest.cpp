@@ -29,5 +29,11 @@ TEST(HotZone, OpenItIsTheWholeOpenCard) {
             QRect(0, 0, 600, 156));
 }
 
+TEST(HotZone, ALargerPanelsOpenZoneIsItsLargerCardAndItsClosedOneTheNotch) {
+  const auto metrics = RootViewMetrics::forNotch({200, 32}, false, 1.25);
+  EXPECT_EQ(hotZoneRect(Zone::openCard, metrics, 750), QRect(0, 0, 750, 177));
+  EXPECT_EQ(hotZoneRect(Zone::closedOutline, metrics, 750), QRect(275, 0, 200, 32));
+}
+
 }  // namespace
 }  // namespace brimly

@@ -327,9 +327,33 @@ check('"Press" on the Appearance tab selects it, and it alone',
       eventually(3, lambda: selected_tabs() == ["Appearance"]))
 settings.clear_cache()
 keep("settings-appearance", settings)
-check("the Appearance tab reads its two lines as labels",
-      [a.name for a in showing(settings, pyatspi.ROLE_LABEL)]
-      == header + ["Themes & accent colors", "Coming in a future update"])
+appearance_labels = [a.name for a in showing(settings, pyatspi.ROLE_LABEL)]
+check("the Appearance tab's captions and the chosen accent's name are labels",
+      all(c in appearance_labels
+          for c in ["LIVE PREVIEW", "ACCENT COLOR", "Green", "PANEL SIZE"]))
+accent_names = ["Green", "Blue", "Indigo", "Purple", "Pink", "Orange", "Graphite", "System"]
+
+
+def chosen(prefix):
+    return [(a.name, "checked" in states(a)) for a in showing(settings, pyatspi.ROLE_RADIO_BUTTON)
+            if a.name.startswith(prefix)]
+
+
+check("… its swatches are radio buttons named by colour, Green checked",
+      chosen("Accent colour: ") == [("Accent colour: " + n, n == "Green") for n in accent_names])
+check("… the panel sizes are radio buttons, Regular checked",
+      chosen("Panel size: ") == [("Panel size: Regular", True), ("Panel size: Large", False)])
+check('… and "Show trend" is a check box, unchecked',
+      [(a.name, "checked" in states(a)) for a in showing(settings, pyatspi.ROLE_CHECK_BOX)]
+      == [("Show trend", False)])
+act(find(settings, pyatspi.ROLE_RADIO_BUTTON, "Accent colour: Blue"), "Toggle")
+check('"Toggle" on the Blue swatch checks it, and it alone',
+      eventually(3, lambda: [n for n, on in chosen("Accent colour: ") if on]
+                 == ["Accent colour: Blue"]))
+act(find(settings, pyatspi.ROLE_RADIO_BUTTON, "Accent colour: Green"), "Toggle")
+check("… and Green is chosen back",
+      eventually(3, lambda: [n for n, on in chosen("Accent colour: ") if on]
+                 == ["Accent colour: Green"]))
 xdotool("key", "Escape")
 check("Escape hides the settings window: no longer showing",
       eventually(3, lambda: window(pyatspi.ROLE_FRAME, "Brimly Settings") is None))

@@ -226,5 +226,39 @@ TEST(NotchGeometry, PlacementOnAnExternalMainScreenUsesTheMenuBarAndFallbackWidt
   EXPECT_FALSE(placement.hasNotch);  // the size is made up: nothing hides the closed card
 }
 
+// --- A larger panel ---
+
+TEST(LargerNotchGeometry, ThePanelIsAQuarterLargerBelowTheNotchAndCentredOnIt) {
+  // 14-inch built-in display, notch 185 × 32, centred on the screen.
+  const Rect screen{0, 0, 1512, 982};
+  const Rect panel = NotchGeometry::panelFrame(screen, {185, 32}, 1.25);
+  EXPECT_EQ(panel, (Rect{381, 982 - 177, 750, 177}));
+  EXPECT_EQ(panel.midX(), screen.midX());
+  EXPECT_EQ(panel.maxY(), screen.maxY());
+  const Rect elsewhere{-1728, 300, 1728, 1117};
+  EXPECT_EQ(NotchGeometry::panelFrame(elsewhere, {185, 38}, 1.25).midX(), elsewhere.midX());
+}
+
+TEST(LargerNotchGeometry, TheShownTriggerCoversTheLargerCardAndTheHiddenOneTheNotch) {
+  const Rect frame{0, 0, 1512, 982};
+  EXPECT_EQ(NotchGeometry::trackerGeometry(frame, {185, 32}, 1.25),
+            (TrackerGeometry{.screenFrame = frame,
+                             .triggerWidthHidden = 205,
+                             .triggerWidthShown = 770,
+                             .triggerHeightHidden = 32,
+                             .triggerHeightShown = 32 + 162.5}));
+}
+
+TEST(LargerNotchGeometry, PlacementCarriesTheScaleToPanelAndTracker) {
+  FakeScreenPort desktop;
+  desktop.screenList = {notchedScreen({0, 0, 1512, 982}, 32, 185)};
+  desktop.main = desktop.screenList.front();
+  const auto placement = NotchGeometry::place(desktop, {200, 32}, 1.25);
+  EXPECT_EQ(placement.notchSize, (Size{185, 32}));
+  EXPECT_EQ(placement.panelFrame, (Rect{381, 805, 750, 177}));
+  EXPECT_EQ(placement.tracker,
+            NotchGeometry::trackerGeometry(Rect{0, 0, 1512, 982}, {185, 32}, 1.25));
+}
+
 }  // namespace
 }  // namespace brimly

@@ -62,5 +62,36 @@ TEST(RootViewMetrics, WithoutANotchTheCardEasesInOverTheFirstPartOfTheOpening) {
   }
 }
 
+// --- A larger panel ---
+
+TEST(LargerRootViewMetrics, TheOpenCardIsAQuarterLargerBelowTheNotch) {
+  const auto metrics = RootViewMetrics::forNotch({185.0, 32.0}, true, 1.25);
+  EXPECT_EQ(metrics, (RootViewMetrics{32.0, 185.0, 750.0, 32.0 + 145.0, true, 1.25}));
+  EXPECT_EQ(metrics.cardFrame(750.0, 1.0), (Rect{0.0, 0.0, 750.0, 177.0}));
+  EXPECT_EQ(metrics.contentFrame(750.0), (Rect{0.0, 0.0, 750.0, 177.0}));
+  EXPECT_EQ(metrics.gridTop(), 32.0 + 10.0);
+}
+
+TEST(LargerRootViewMetrics, TheClosedCardIsStillTheNotchCentredOnIt) {
+  const auto usual = RootViewMetrics::forNotch({185.0, 32.0}, true);
+  const auto larger = RootViewMetrics::forNotch({185.0, 32.0}, true, 1.25);
+  EXPECT_EQ(larger.cardFrame(750.0, 0.0), (Rect{282.5, 0.0, 185.0, 32.0}));
+  for (double openness : {0.0, 0.3, 0.5, 1.0, 1.02}) {
+    EXPECT_EQ(larger.cardFrame(750.0, openness).midX(), 375.0) << openness;
+    EXPECT_EQ(usual.cardFrame(600.0, openness).midX(), 300.0) << openness;
+  }
+}
+
+TEST(LargerRootViewMetrics, TheOutlinesCornersGrowWithTheCard) {
+  const NotchShape usual{7.0, 22.0};
+  const auto larger = RootViewMetrics::forNotch({185.0, 32.0}, true, 1.25);
+  EXPECT_EQ(larger.cardOutline(usual, 0.0), usual);  // over the notch, the notch's own corners
+  EXPECT_EQ(larger.cardOutline(usual, 1.0), (NotchShape{8.75, 27.5}));
+  EXPECT_EQ(larger.cardOutline(usual, 0.5), (NotchShape{7.875, 24.75}));
+  const auto regular = RootViewMetrics::forNotch({185.0, 32.0}, true);
+  for (double openness : {0.0, 0.5, 1.0})
+    EXPECT_EQ(regular.cardOutline(usual, openness), usual) << openness;
+}
+
 }  // namespace
 }  // namespace brimly

@@ -166,6 +166,77 @@ TEST_F(SystemMonitorTest, AbsentTemperatureBlanksRatherThanKeepingTheOldValue) {
   EXPECT_FALSE(monitor_.current().temperatureC.has_value());
 }
 
+// The times the history holds, oldest first.
+std::vector<double> historyTimes(const SystemMonitor& monitor) {
+  std::vector<double> times;
+  for (std::size_t i = 0; i < monitor.history().size(); ++i) {
+    times.push_back(monitor.history().at(i).takenAt);
+  }
+  return times;
+}
+
+TEST_F(SystemMonitorTest, HistoryIsEmptyUntilTheFirstSample) {
+  scheduler_.advanceBy(30.0);
+  EXPECT_TRUE(monitor_.history().empty());
+  monitor_.start();
+  scheduler_.advanceBy(0);
+  ASSERT_EQ(monitor_.history().size(), 1u);
+  EXPECT_EQ(monitor_.history().at(0), (TimedSample{30.0, monitor_.current()}));
+}
+
+TEST_F(SystemMonitorTest, AClosedPanelsMinuteHoldsASampleEveryFiveSecondsAndTakesNoMore) {
+  monitor_.start();
+  scheduler_.advanceBy(60.0);
+  EXPECT_EQ(historyTimes(monitor_), (std::vector<double>{0.0, 5.0, 10.0, 15.0, 20.0, 25.0, 30.0,
+                                                         35.0, 40.0, 45.0, 50.0, 55.0, 60.0}));
+  // Filled by the samples the closed panel takes anyway: one timer, at the slow rate.
+  EXPECT_EQ(samplesTaken(), 13);
+  EXPECT_EQ(applied_, 13);
+  EXPECT_EQ(scheduler_.startedTimerIntervals(), (std::vector<double>{5.0}));
+  EXPECT_EQ(scheduler_.activeTimerCount(), 1u);
+  EXPECT_EQ(monitor_.history().at(12).sample, monitor_.current());
+}
+
+TEST_F(SystemMonitorTest, AnOpenPanelFillsTheRingWithAMinuteOfSecondsAndPushesOutTheOldest) {
+  monitor_.start();
+  scheduler_.advanceBy(10.0);  // 0, 5, 10 while closed
+  monitor_.setPanelOpen(true);
+  scheduler_.advanceBy(70.0);  // 10 … 80, one a second
+  ASSERT_EQ(monitor_.history().size(), SampleHistory::capacity);
+  const std::vector<double> times = historyTimes(monitor_);
+  EXPECT_EQ(times.front(), 20.0);
+  EXPECT_EQ(times.back(), 80.0);
+  for (std::size_t i = 1; i < times.size(); ++i)
+    EXPECT_EQ(times[i] - times[i - 1], 1.0) << i;
+}
+
+TEST_F(SystemMonitorTest, HistoryFollowsTheRateThroughOpeningAndClosing) {
+  monitor_.start();
+  scheduler_.advanceBy(7.0);
+  monitor_.setPanelOpen(true);
+  scheduler_.advanceBy(2.0);
+  monitor_.setPanelOpen(false);
+  scheduler_.advanceBy(10.0);
+  // The restarts' own samples are kept like any other, in the order they were taken.
+  EXPECT_EQ(historyTimes(monitor_),
+            (std::vector<double>{0.0, 5.0, 7.0, 8.0, 9.0, 9.0, 14.0, 19.0}));
+}
+
+TEST_F(SystemMonitorTest, AReadingThatGoesMissingIsMissingInTheHistory) {
+  monitor_.start();
+  scheduler_.advanceBy(0);
+  platform_.change([](FakeMachine& machine) {
+    machine.accelerators = std::nullopt;
+    machine.temperatureSensors.clear();
+  });
+  scheduler_.advanceBy(5.0);
+  ASSERT_EQ(monitor_.history().size(), 2u);
+  EXPECT_TRUE(monitor_.history().at(0).sample.gpu.has_value());
+  EXPECT_TRUE(monitor_.history().at(0).sample.temperatureC.has_value());
+  EXPECT_FALSE(monitor_.history().at(1).sample.gpu.has_value());
+  EXPECT_FALSE(monitor_.history().at(1).sample.temperatureC.has_value());
+}
+
 TEST_F(SystemMonitorTest, EveryFieldIsTheSamplersFigureUnchanged) {
   // A second sampler over an identical machine, driven at the same moments, gives the figures
   // the monitor must publish: nothing smoothed, rounded or kept from before.

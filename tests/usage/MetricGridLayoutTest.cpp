@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace brimly {
 namespace {
@@ -127,6 +128,72 @@ TEST(BarFill, NegativeNaNAndInfiniteValuesDrawTheStub) {
 
 TEST(BarFill, ValuesAboveOneAreNotClamped) {
   EXPECT_EQ(barFillWidth(1.25, cellWidth), 215.0);
+}
+
+// --- A larger panel ---
+
+constexpr double large = 1.25;
+
+Rect scaled(const Rect& r, double by) {
+  return {r.x * by, r.y * by, r.width * by, r.height * by};
+}
+
+TEST(LargerGrid, SixCellsInThreeColumnsAreAQuarterLargerEveryWay) {
+  const GridGeometry grid = layout(allSix, 3, 215.0, 50.0, large);
+  // Three cells of 215 and two gaps of 15 are 675 points, 715 with the padding of 20 on each side:
+  // less than the least width, 580 × 1.25.
+  EXPECT_EQ(grid.size, (Size{725.0, 7.5 + 50.0 + 10.0 + 50.0 + 7.5}));
+  ASSERT_EQ(grid.cells.size(), 6u);
+  EXPECT_EQ(grid.cells[0].frame, (Rect{25.0, 7.5, 215.0, 50.0}));
+  EXPECT_EQ(grid.cells[1].frame.minX() - grid.cells[0].frame.maxX(), 15.0);
+  EXPECT_EQ(grid.cells[3].frame.minY() - grid.cells[0].frame.maxY(), 10.0);
+  EXPECT_EQ(grid.cells[5].frame.maxX(), 700.0);
+}
+
+TEST(LargerGrid, EveryLengthIsTheUsualOneTimesTheScale) {
+  const Kinds four{MetricKind::cpu, MetricKind::gpu, MetricKind::ram, MetricKind::disk};
+  for (const Kinds& kinds : {allSix, four, Kinds{MetricKind::temp}, Kinds{}}) {
+    for (int columns : {1, 2, 3, 4}) {
+      const GridGeometry usual = layout(kinds, columns, cellWidth, cellHeight);
+      const GridGeometry larger =
+          layout(kinds, columns, cellWidth * large, cellHeight * large, large);
+      EXPECT_EQ(larger.size, (Size{usual.size.width * large, usual.size.height * large}))
+          << kinds.size() << " kinds in " << columns << " columns";
+      ASSERT_EQ(larger.cells.size(), usual.cells.size());
+      for (std::size_t i = 0; i < usual.cells.size(); ++i) {
+        EXPECT_EQ(larger.cells[i].kind, usual.cells[i].kind);
+        EXPECT_EQ(larger.cells[i].frame, scaled(usual.cells[i].frame, large))
+            << kinds.size() << " kinds in " << columns << " columns, cell " << i;
+      }
+    }
+  }
+}
+
+TEST(LargerGrid, EveryPartOfACellIsTheUsualOneTimesTheScale) {
+  const CellGeometry usual = MetricGridLayout::cellLayout(cellWidth, 16.0);
+  const CellGeometry larger = MetricGridLayout::cellLayout(cellWidth * large, 20.0, large);
+  EXPECT_EQ(larger.header, (Rect{0.0, 0.0, 215.0, 20.0}));
+  EXPECT_EQ(larger.bar, (Rect{0.0, 26.25, 215.0, 3.75}));
+  EXPECT_EQ(larger.detail, (Rect{0.0, 36.25, 215.0, 13.75}));
+  EXPECT_EQ(larger.size, (Size{215.0, 50.0}));
+  EXPECT_EQ(MetricGridLayout::cellHeight(20.0, large), 50.0);
+  for (const auto& [a, b] :
+       {std::pair{larger.header, usual.header}, std::pair{larger.bar, usual.bar},
+        std::pair{larger.detail, usual.detail}})
+    EXPECT_EQ(a, scaled(b, large));
+  // The texts keep their places in the larger lines.
+  EXPECT_EQ(larger.labelFrame({30.0, 15.0}), scaled(usual.labelFrame({24.0, 12.0}), large));
+  EXPECT_EQ(larger.detailTextFrame({100.0, 15.0}),
+            scaled(usual.detailTextFrame({80.0, 12.0}), large));
+}
+
+TEST(LargerGrid, TheStubOfAZeroIsAQuarterLongerToo) {
+  EXPECT_EQ(barFillWidth(0.0, 215.0, large), 2.5);
+  EXPECT_EQ(barFillWidth(std::nan(""), 215.0, large), 2.5);
+  EXPECT_EQ(barFillWidth(0.5, 215.0, large), 107.5);
+  const CellGeometry cell = MetricGridLayout::cellLayout(215.0, 20.0, large);
+  EXPECT_EQ(cell.barFillFrame(0.0), (Rect{0.0, 26.25, 2.5, 3.75}));
+  EXPECT_EQ(cell.barFillFrame(1.0), cell.bar);
 }
 
 }  // namespace

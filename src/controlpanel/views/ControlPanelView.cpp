@@ -9,6 +9,7 @@
 #include "controlpanel/views/ActionButton.h"
 #include "controlpanel/views/CardShadow.h"
 #include "panel/views/QtGeometry.h"
+#include "ui/Accent.h"
 #include "ui/SectionLabel.h"
 #include "ui/Switch.h"
 #include "ui/TextStyle.h"
@@ -151,8 +152,8 @@ void ControlPanelView::paintEvent(QPaintEvent*) {
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(card.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
 
-  paintSymbol(painter, headerSymbol, ControlPanelLayout::headerSymbolSize, toQColor(Theme::accent),
-              toQRectF(layout_.headerSymbol).center());
+  paintSymbol(painter, headerSymbol, ControlPanelLayout::headerSymbolSize,
+              toQColor(Accent::current()), toQRectF(layout_.headerSymbol).center());
   painter.setPen(textColor(TextStyle::primary));
   painter.setFont(windowFont(*this, nameSize, QFont::DemiBold));
   painter.drawText(toQRectF(layout_.name), Qt::AlignLeft | Qt::AlignVCenter, "Brimly");

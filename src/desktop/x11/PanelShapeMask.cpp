@@ -50,7 +50,7 @@ void PanelShapeMask::update() {
   QRegion region;
   if (view->cardOpacity() > 0.0) {
     const Rect card = view->cardFrame();
-    QPainterPath path = toPainterPath(RootView::outline.path(card));
+    QPainterPath path = toPainterPath(view->cardOutline().path(card));
     path.translate(card.x + view->x(), card.y + view->y());
     region = regionFor(path, window_.size(), fit_);
   }

@@ -16,7 +16,7 @@ int rounded(double points) {
 }  // namespace
 
 PanelWindow::PanelWindow(PanelState& state, Size notchSize, bool hasNotch, GridFactory makeGrid,
-                         QWidget* parent)
+                         double scale, QWidget* parent)
     : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                           Qt::WindowDoesNotAcceptFocus | Qt::WindowTransparentForInput |
                           Qt::NoDropShadowWindowHint),
@@ -28,16 +28,16 @@ PanelWindow::PanelWindow(PanelState& state, Size notchSize, bool hasNotch, GridF
   // A tool window would otherwise hide whenever another application is active.
   setAttribute(Qt::WA_MacAlwaysShowToolWindow);
   setFocusPolicy(Qt::NoFocus);
-  const Size size = panelSize(notchSize);
+  const Size size = panelSize(notchSize, scale);
   resize(rounded(size.width), rounded(size.height));
-  rebuildRootView(notchSize, hasNotch);
+  rebuildRootView(notchSize, hasNotch, scale);
 }
 
 PanelWindow::~PanelWindow() = default;
 
-Size PanelWindow::panelSize(Size notchSize) {
+Size PanelWindow::panelSize(Size notchSize, double scale) {
   // The open card's size, the same whether or not a housing hides the closed one.
-  const RootViewMetrics metrics = RootViewMetrics::forNotch(notchSize, true);
+  const RootViewMetrics metrics = RootViewMetrics::forNotch(notchSize, true, scale);
   return {metrics.expandedWidth, metrics.expandedHeight};
 }
 
@@ -47,9 +47,10 @@ void PanelWindow::setFrame(const Rect& frame) {
   if (rootView_) rootView_->setGeometry(rect());
 }
 
-void PanelWindow::rebuildRootView(Size notchSize, bool hasNotch) {
+void PanelWindow::rebuildRootView(Size notchSize, bool hasNotch, double scale) {
   QWidget* grid = makeGrid_ ? makeGrid_() : nullptr;
-  auto* next = new RootView(state_, RootViewMetrics::forNotch(notchSize, hasNotch), grid, this);
+  auto* next =
+      new RootView(state_, RootViewMetrics::forNotch(notchSize, hasNotch, scale), grid, this);
   next->setGeometry(rect());
   next->show();
   delete rootView_;

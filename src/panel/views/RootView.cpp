@@ -16,8 +16,8 @@ namespace brimly {
 
 namespace {
 
-QPainterPath cardPath(const Rect& card) {
-  QPainterPath path = toPainterPath(RootView::outline.path(card));
+QPainterPath cardPath(const NotchShape& outline, const Rect& card) {
+  QPainterPath path = toPainterPath(outline.path(card));
   path.translate(card.x, card.y);
   return path;
 }
@@ -57,6 +57,10 @@ QSize RootView::sizeHint() const {
 
 Rect RootView::cardFrame() const {
   return metrics_.cardFrame(width(), openness_.value(frameTimer_.now()));
+}
+
+NotchShape RootView::cardOutline() const {
+  return metrics_.cardOutline(outline, openness_.value(frameTimer_.now()));
 }
 
 double RootView::cardOpacity() const {
@@ -108,7 +112,8 @@ void RootView::applyToGrid(double now) {
   grid_->setVisible(opacity > 0.0);
   if (opacity <= 0.0) return;
   const double openness = openness_.value(now);
-  QPainterPath clip = cardPath(metrics_.cardFrame(width(), openness));
+  QPainterPath clip =
+      cardPath(metrics_.cardOutline(outline, openness), metrics_.cardFrame(width(), openness));
   // Once the grid is opaque and wholly inside an opaque card, the layer would change nothing: the
   // grid then paints straight into the window, over its own black, so that neither the layer nor
   // the card beneath is drawn again for its value updates while open.
@@ -146,14 +151,15 @@ void RootView::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setOpacity(opacity);
   const Rect card = metrics_.cardFrame(width(), openness);
+  const NotchShape shape = metrics_.cardOutline(outline, openness);
   const QRect area = event->rect();
   // The open grid's updates repaint small strips well inside the card: those are plain black.
-  if (outline.plainlyContains(card, toRect(area))) {
+  if (shape.plainlyContains(card, toRect(area))) {
     painter.fillRect(area, Qt::black);
     return;
   }
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.fillPath(cardPath(card), Qt::black);
+  painter.fillPath(cardPath(shape, card), Qt::black);
 }
 
 void RootView::resizeEvent(QResizeEvent* event) {

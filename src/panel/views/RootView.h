@@ -25,6 +25,7 @@ class RootView : public QWidget {
   Q_OBJECT
 
  public:
+  // The card's outline at the usual size (see `RootViewMetrics::cardOutline`).
   static constexpr NotchShape outline{7.0, 22.0};
   static constexpr double springResponse = 0.42;  // seconds
   static constexpr double springDampingFraction = 1.0;
@@ -43,6 +44,8 @@ class RootView : public QWidget {
   // Where the card is now, in the view's coordinates, how opaque it is (0: nothing is drawn), and
   // how far the content has faded in.
   Rect cardFrame() const;
+  // The card's outline now (see `RootViewMetrics::cardOutline`).
+  NotchShape cardOutline() const;
   double cardOpacity() const;
   double contentOpacity() const;
 

@@ -74,6 +74,12 @@ std::optional<std::vector<std::string>> MacPreferencesStore::readStringList(
   return strings;
 }
 
+std::optional<std::string> MacPreferencesStore::readString(std::string_view key) const {
+  const CFOwned<CFPropertyListRef> value = copyValue(domain_, key);
+  if (!value) return std::nullopt;
+  return stringFromCF(value.get());
+}
+
 std::optional<std::string> MacPreferencesStore::writeBool(std::string_view key, bool value) {
   return storeValue(domain_, key, value ? kCFBooleanTrue : kCFBooleanFalse);
 }
@@ -94,6 +100,13 @@ std::optional<std::string> MacPreferencesStore::writeStringList(
                                                 static_cast<CFIndex>(elements.size()),
                                                 &kCFTypeArrayCallBacks));
   return storeValue(domain_, key, array.get());
+}
+
+std::optional<std::string> MacPreferencesStore::writeString(std::string_view key,
+                                                            std::string_view value) {
+  const CFOwned<CFStringRef> text = makeString(value);
+  if (!text) return "the value of " + std::string(key) + " is not UTF-8 text";
+  return storeValue(domain_, key, text.get());
 }
 
 }  // namespace brimly

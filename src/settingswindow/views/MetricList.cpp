@@ -11,9 +11,9 @@
 #include "panel/views/QtGeometry.h"
 #include "settings/AppSettings.h"
 #include "settingswindow/MetricListRules.h"
-#include "settingswindow/SettingsTheme.h"
 #include "settingswindow/views/MetricRow.h"
 #include "settingswindow/views/TextMeasure.h"
+#include "ui/Accent.h"
 #include "ui/SectionLabel.h"
 #include "ui/Switch.h"
 #include "usage/views/QtColor.h"
@@ -37,7 +37,7 @@ class DropIndicator : public QWidget {
     QPainterPath capsule;
     const double radius = height() / 2.0;
     capsule.addRoundedRect(QRectF(rect()), radius, radius);
-    painter.fillPath(capsule, toQColor(SettingsTheme::accent));
+    painter.fillPath(capsule, toQColor(Accent::current()));
   }
 };
 

@@ -11,6 +11,7 @@
 #include "settingswindow/MetricListRules.h"
 #include "settingswindow/SettingsTheme.h"
 #include "settingswindow/views/TextMeasure.h"
+#include "ui/Accent.h"
 #include "ui/TextStyle.h"
 #include "ui/WindowFonts.h"
 #include "usage/UsageColors.h"
@@ -152,7 +153,7 @@ void MetricPreview::paintEvent(QPaintEvent*) {
   painter.setFont(titleFont(*this));
   painter.setPen(textColor(TextStyle::secondary));
   const QColor track = toQColor(MetricPreviewLayout::trackColor);
-  const QColor accent = toQColor(SettingsTheme::accent);
+  const QColor accent = toQColor(Accent::current());
   const QColor dimmed = toQColor(dimmedBar);
   for (const PreviewCell& cell : geometry_.cells) {
     painter.drawText(toQRectF(cell.title), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

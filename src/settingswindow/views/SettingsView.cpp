@@ -13,6 +13,7 @@
 #include "settingswindow/views/TabBar.h"
 #include "settingswindow/views/TabButton.h"
 #include "settingswindow/views/TextMeasure.h"
+#include "ui/Accent.h"
 #include "ui/TextStyle.h"
 #include "ui/WindowFonts.h"
 #include "usage/views/QtColor.h"
@@ -42,7 +43,7 @@ QPalette darkPalette() {
   palette.setColor(QPalette::WindowText, textColor(TextStyle::primary));
   palette.setColor(QPalette::Text, textColor(TextStyle::primary));
   palette.setColor(QPalette::ButtonText, textColor(TextStyle::primary));
-  palette.setColor(QPalette::Highlight, toQColor(SettingsTheme::accent));
+  palette.setColor(QPalette::Highlight, toQColor(Accent::current()));
   return palette;
 }
 
@@ -54,6 +55,7 @@ SettingsView::SettingsView(AppSettings& settings, ControlPanelModel& control,
   setFixedSize(static_cast<int>(SettingsViewLayout::width),
                static_cast<int>(SettingsViewLayout::height));
   setPalette(darkPalette());
+  connect(&Accent::shared(), &Accent::changed, this, [this] { setPalette(darkPalette()); });
 
   SettingsViewLayout::TextSizes texts;
   texts.name = measuredText(nameFont(*this), productName, *this);
@@ -68,7 +70,7 @@ SettingsView::SettingsView(AppSettings& settings, ControlPanelModel& control,
 
   general_ = new GeneralTab(control, this);
   metrics_ = new MetricsTab(settings, monitor, this);
-  appearance_ = new AppearanceTab(this);
+  appearance_ = new AppearanceTab(settings, monitor, this);
   const QRect content = toQRectF(geometry_.content).toRect();
   for (QWidget* page : {static_cast<QWidget*>(general_), static_cast<QWidget*>(metrics_),
                         static_cast<QWidget*>(appearance_)}) {
@@ -127,7 +129,7 @@ void SettingsView::paintEvent(QPaintEvent*) {
   painter.fillRect(rect(), toQColor(SettingsTheme::surface));
 
   paintSymbol(painter, headerSymbol, SettingsViewLayout::headerSymbolSize,
-              toQColor(SettingsTheme::accent), toQRectF(geometry_.headerSymbol).center());
+              toQColor(Accent::current()), toQRectF(geometry_.headerSymbol).center());
   painter.setPen(textColor(TextStyle::primary));
   painter.setFont(nameFont(*this));
   painter.drawText(toQRectF(geometry_.name), Qt::AlignLeft | Qt::AlignVCenter, productName);

@@ -6,7 +6,7 @@
 
 #include "artwork/Symbols.h"
 #include "panel/views/QtGeometry.h"
-#include "settingswindow/SettingsTheme.h"
+#include "ui/Accent.h"
 #include "ui/FocusRing.h"
 #include "ui/TextStyle.h"
 #include "ui/WindowFonts.h"
@@ -58,7 +58,18 @@ void TabButton::place(const TabButtonGeometry& placed) {
 }
 
 QColor TabButton::foreground() const {
-  return selected_ ? toQColor(SettingsTheme::accent) : textColor(TextStyle::secondary);
+  return selected_ ? toQColor(Accent::current()) : textColor(TextStyle::secondary);
+}
+
+void paintTabShape(QPainter& painter, const QWidget& button, const QRectF& frame, bool selected) {
+  const double radius = SettingsViewLayout::tabCornerRadius;
+  const Color background =
+      selected ? Accent::current().withOpacity(SettingsViewLayout::selectedTabOpacity)
+               : Color::sRGB(1.0, 1.0, 1.0, SettingsViewLayout::unselectedTabOpacity);
+  QPainterPath shape;
+  shape.addRoundedRect(frame, radius, radius);
+  painter.fillPath(shape, toQColor(background));
+  if (FocusRing::isShown(button)) FocusRing::paint(painter, frame, radius);
 }
 
 void TabButton::keyPressEvent(QKeyEvent* event) {
@@ -77,15 +88,7 @@ void TabButton::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   // Drawn where the layout put it; the widget covers the whole pixels around that.
   painter.translate(-QPointF(pos()));
-  const QRectF frame = toQRectF(placed_.frame);
-  const double radius = SettingsViewLayout::tabCornerRadius;
-  const Color background =
-      selected_ ? SettingsTheme::accent.withOpacity(SettingsViewLayout::selectedTabOpacity)
-                : Color::sRGB(1.0, 1.0, 1.0, SettingsViewLayout::unselectedTabOpacity);
-  QPainterPath shape;
-  shape.addRoundedRect(frame, radius, radius);
-  painter.fillPath(shape, toQColor(background));
-  if (FocusRing::isShown(*this)) FocusRing::paint(painter, frame, radius);
+  paintTabShape(painter, *this, toQRectF(placed_.frame), selected_);
   const QColor colour = foreground();
   paintSymbol(painter, fromView(tab_.symbolName()), SettingsViewLayout::tabSymbolSize, colour,
               toQRectF(placed_.symbol).center());

@@ -2,6 +2,8 @@
 
 #include <QAbstractButton>
 
+class QPainter;
+
 #include "accessibility/AccessibleParts.h"
 #include "settingswindow/SettingsViewLayout.h"
 
@@ -38,5 +40,9 @@ class TabButton : public QAbstractButton, public AccessibleParts {
   bool selected_ = false;
   TabButtonGeometry placed_;
 };
+
+// The rounded rectangle behind a tab's title at `frame`: the accent's tint while `selected`, a
+// faint white otherwise, and the focus ring while `button` shows it.
+void paintTabShape(QPainter& painter, const QWidget& button, const QRectF& frame, bool selected);
 
 }  // namespace brimly

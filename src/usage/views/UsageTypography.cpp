@@ -102,22 +102,28 @@ UsageTypography UsageTypography::of(const QString& label, const QString& monospa
           availableWeight(label, QFont::Medium)};
 }
 
+UsageTypography UsageTypography::scaledTo(double scale) const {
+  UsageTypography scaled = *this;
+  scaled.scale = scale;
+  return scaled;
+}
+
 QFont UsageTypography::labelFont(const QPaintDevice& device) const {
-  QFont font = fontOf(labelFamily, labelSize, labelWeight, device, QFont::SansSerif);
-  font.setLetterSpacing(QFont::AbsoluteSpacing, labelTracking);
+  QFont font = fontOf(labelFamily, labelSize * scale, labelWeight, device, QFont::SansSerif);
+  font.setLetterSpacing(QFont::AbsoluteSpacing, labelTracking * scale);
   return font;
 }
 
 QFont UsageTypography::valueFont(const QPaintDevice& device) const {
-  return fontOf(monospaceFamily, valueSize, valueWeight, device, QFont::Monospace);
+  return fontOf(monospaceFamily, valueSize * scale, valueWeight, device, QFont::Monospace);
 }
 
 QFont UsageTypography::detailFont(const QPaintDevice& device) const {
-  return fontOf(monospaceFamily, detailSize, detailWeight, device, QFont::Monospace);
+  return fontOf(monospaceFamily, detailSize * scale, detailWeight, device, QFont::Monospace);
 }
 
 QFont UsageTypography::dashFont(const QPaintDevice& device) const {
-  return fontOf(labelFamily, valueSize, dashWeight, device, QFont::SansSerif);
+  return fontOf(labelFamily, valueSize * scale, dashWeight, device, QFont::SansSerif);
 }
 
 }  // namespace brimly

@@ -13,7 +13,8 @@ namespace brimly {
 //   value:  13, medium, monospaced (its em dash in the label's face: see `dashFont`)
 //   detail: 9.5, regular, monospaced
 // A family without a semibold or medium face is drawn at the nearest lighter weight it has (see
-// `of`): a synthesised or borrowed bold is far heavier than the design.
+// `of`): a synthesised or borrowed bold is far heavier than the design. A larger panel draws
+// every size (and the tracking) `scale` times larger.
 struct UsageTypography {
   static constexpr double labelSize = 9.5;
   static constexpr double labelTracking = 0.7;
@@ -32,6 +33,10 @@ struct UsageTypography {
   QFont::Weight valueWeight = QFont::Medium;
   QFont::Weight detailWeight = QFont::Normal;
   QFont::Weight dashWeight = QFont::Medium;  // of `labelFamily`
+  double scale = 1.0;                        // what the sizes above are multiplied by
+
+  // The same faces, every size `scale` times its usual one.
+  UsageTypography scaledTo(double scale) const;
 
   // `label` and `monospace`, each weight the heaviest no heavier than asked that the family has a
   // face of (looked up here once: fonts are made on every paint). `labelWeight` stands in for

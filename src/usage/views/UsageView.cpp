@@ -3,6 +3,8 @@
 #include <QLinearGradient>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPen>
+#include <QPolygonF>
 #include <algorithm>
 #include <cmath>
 
@@ -32,6 +34,11 @@ QRect repaintArea(const Rect& rect, const CellPlacement& placement) {
 // The theme's colours as Qt draws them, converted once.
 const QColor& secondaryText() {
   static const QColor colour = toQColor(Theme::secondaryForeground);
+  return colour;
+}
+
+const QColor& trendColour() {
+  static const QColor colour = toQColor(TrendLine::colour);
   return colour;
 }
 
@@ -66,6 +73,27 @@ void UsageView::setSample(const MetricSample& sample) {
   rebuild();
 }
 
+void UsageView::setSample(const MetricSample& sample, const SampleHistory& history) {
+  if (history_) {
+    *history_ = history;
+  } else {
+    history_ = std::make_unique<SampleHistory>(history);
+  }
+  setSample(sample);
+}
+
+void UsageView::setShowTrend(bool show) {
+  if (show == showTrend_) return;
+  // The strips the lines are drawn in are painted afresh, with the lines or without them.
+  for (const CellPlacement& placement : grid_.cells) {
+    unpainted_ += repaintArea(TrendLine::band(cell_), placement);
+  }
+  showTrend_ = show;
+  trend_.clear();
+  if (showTrend_) takeTrend();
+  paintMarkedParts();
+}
+
 void UsageView::setMetricOrder(const std::vector<MetricKind>& order) {
   order_ = order;
   rebuild();
@@ -76,9 +104,26 @@ void UsageView::setUseFahrenheit(bool useFahrenheit) {
   rebuild();
 }
 
+void UsageView::setScale(double scale) {
+  if (!(scale > 0.0) || !std::isfinite(scale) || scale == scale_) return;
+  scale_ = scale;
+  const UsageTypography typography = fonts_.typography().scaledTo(scale);
+  fonts_ = UsageFonts(typography);
+  values_ = ValueTextRenderer(typography);
+  cell_ = MetricGridLayout::cellLayout(cellWidth_ * scale_, headerHeight(), scale_);
+  track_ = BarTrack({cell_.bar.width, cell_.bar.height});
+  rebuild();
+  update();  // the same cells, every one of them drawn larger
+}
+
 double UsageView::shownBarValue(MetricKind kind) const {
   const auto found = motion_.find(kind.value());
   return found == motion_.end() ? 0.0 : barValueShown(found->second, frameTimer_.now());
+}
+
+std::vector<TrendLine::Run> UsageView::trendLine(MetricKind kind) const {
+  const auto found = trend_.find(kind.value());
+  return found == trend_.end() ? std::vector<TrendLine::Run>{} : found->second;
 }
 
 QSize UsageView::sizeHint() const {
@@ -135,8 +180,8 @@ void UsageView::rebuild() {
     contents_.push_back(std::move(content));
   }
   motion_ = std::move(kept);
-  grid_ = MetricGridLayout::layout(order_, columns_, cellWidth_,
-                                   MetricGridLayout::cellHeight(headerHeight()));
+  grid_ = MetricGridLayout::layout(order_, columns_, cellWidth_ * scale_,
+                                   MetricGridLayout::cellHeight(headerHeight(), scale_), scale_);
 
   if (sizeHint() != oldHint) {
     resize(sizeHint());
@@ -150,6 +195,7 @@ void UsageView::rebuild() {
       markChangedParts(grid_.cells[i], oldContents[i], contents_[i], now);
     }
   }
+  if (showTrend_) takeTrend();
   advance(now);  // the first step of what moves, painted in the same turn
 }
 
@@ -209,7 +255,7 @@ QRect UsageView::detailArea(const CellPlacement& placement) const {
 }
 
 QRect UsageView::barArea(const CellPlacement& placement) const {
-  return repaintArea(cell_.bar, placement);
+  return repaintArea(showTrend_ ? TrendLine::band(cell_) : cell_.bar, placement);
 }
 
 QRect UsageView::headerArea(const CellPlacement& placement) const {
@@ -221,7 +267,7 @@ QRect UsageView::valueArea(const CellPlacement& placement, const CellMotion& mot
   // Wide enough for either text, drawn as on screen, with room for a glyph reaching past its
   // text's start; the label keeps further away than that.
   const double width = values_.width(motion.previousPrimary, content.primary, *this) +
-                       MetricGridLayout::headerSpacing / 2.0;
+                       MetricGridLayout::headerSpacing * scale_ / 2.0;
   const Rect& header = cell_.header;
   return repaintArea({header.maxX() - width, header.y, width, header.height}, placement);
 }
@@ -284,7 +330,10 @@ void UsageView::paintEvent(QPaintEvent* event) {
     painter.save();
     painter.translate(placement.frame.x, placement.frame.y);
     if (header) paintHeader(painter, region, placement, i, now);
-    if (bar) paintBar(painter, styles_[i], motion, now);
+    if (bar) {
+      if (showTrend_) paintTrend(painter, placement.kind);
+      paintBar(painter, styles_[i], motion, now);
+    }
     if (detail) paintDetail(painter, contents_[i]);
     painter.restore();
   }
@@ -317,6 +366,40 @@ void UsageView::paintBar(QPainter& painter, const CellStyle& style, const CellMo
   gradient.setColorAt(1.0, style.barEnd);
   painter.setBrush(gradient);
   fillCapsule(painter, fill);
+}
+
+void UsageView::takeTrend() {
+  if (!history_) return;
+  const Rect band = TrendLine::band(cell_);
+  std::map<MetricKind::Value, std::vector<TrendLine::Run>> lines;
+  for (const CellPlacement& placement : grid_.cells) {
+    std::vector<TrendLine::Run> runs = TrendLine::runs(placement.kind, *history_, band);
+    const auto drawn = trend_.find(placement.kind.value());
+    if (drawn == trend_.end() || drawn->second != runs) unpainted_ += barArea(placement);
+    lines.emplace(placement.kind.value(), std::move(runs));
+  }
+  trend_ = std::move(lines);
+}
+
+// The line behind the track, in the cell's coordinates.
+void UsageView::paintTrend(QPainter& painter, MetricKind kind) {
+  const auto found = trend_.find(kind.value());
+  if (found == trend_.end()) return;
+  // A larger panel draws its line a quarter thicker, as it does every other length.
+  painter.setPen(QPen(trendColour(), TrendLine::lineWidth * scale_, Qt::SolidLine, Qt::RoundCap,
+                      Qt::RoundJoin));
+  painter.setBrush(Qt::NoBrush);
+  for (const TrendLine::Run& run : found->second) {
+    QPolygonF line;
+    line.reserve(static_cast<qsizetype>(run.size()));
+    for (const Point& point : run)
+      line << QPointF(point.x, point.y);
+    if (line.size() == 1) {
+      painter.drawPoint(line.front());
+    } else {
+      painter.drawPolyline(line);
+    }
+  }
 }
 
 void UsageView::paintDetail(QPainter& painter, const MetricCellContent& content) {

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QWidget>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,8 +15,10 @@
 #include "panel/EasedAnimation.h"
 #include "panel/views/FrameTimer.h"
 #include "sampling/MetricSample.h"
+#include "sampling/SampleHistory.h"
 #include "usage/MetricCellContent.h"
 #include "usage/MetricGridLayout.h"
+#include "usage/TrendLine.h"
 #include "usage/ValueTransition.h"
 #include "usage/views/BarTrack.h"
 #include "usage/views/ShapedLines.h"
@@ -37,6 +40,11 @@ namespace brimly {
 // repaints only the strips that moved, frames that would show nothing new are skipped, and the
 // first step of a motion is painted with the sample that starts it, so a sample that changes one
 // figure costs a handful of small repaints.
+//
+// With the trend shown, a thin, faint line behind each bar traces that bar's values over the last
+// minute (see `TrendLine`), drawn from the history given with the samples; the strip around the bar
+// is then repainted with the bar. With the trend off (the default) nothing of it is drawn or
+// worked out, and the grid paints exactly the strips it paints without it.
 //
 // Assistive technologies read each cell as a label of its name and value ("CPU 31%"), with the
 // detail line as its description; the labels are formed only when they ask.
@@ -61,12 +69,22 @@ class UsageView : public QWidget, public AccessibleParts {
             QWidget* parent = nullptr);
 
   void setSample(const MetricSample& sample);
+  // The sample with the samples behind it, for the trend: both are painted together.
+  void setSample(const MetricSample& sample, const SampleHistory& history);
+  void setShowTrend(bool show);
+  bool showsTrend() const { return showTrend_; }
+  // The trend line drawn behind the bar of `kind`; none while the trend is off.
+  std::vector<TrendLine::Run> trendLine(MetricKind kind) const;
   void setMetricOrder(const std::vector<MetricKind>& order);
   void setUseFahrenheit(bool useFahrenheit);
+  // Draws every length of the grid and its text `scale` times its usual size (see `scaleOf`). A
+  // scale that is not a positive number is ignored.
+  void setScale(double scale);
+  double scale() const { return scale_; }
 
   const std::vector<MetricCellContent>& cells() const { return contents_; }
   const GridGeometry& geometry() const { return grid_; }
-  double headerHeight() const { return UsageTypography::headerHeight; }
+  double headerHeight() const { return UsageTypography::headerHeight * scale_; }
   // The bar value a cell shows right now (mid-animation it lies between the old and the new).
   double shownBarValue(MetricKind kind) const;
 
@@ -143,11 +161,15 @@ class UsageView : public QWidget, public AccessibleParts {
                    std::size_t cell, double now);
   void paintBar(QPainter& painter, const CellStyle& style, const CellMotion& motion, double now);
   void paintDetail(QPainter& painter, const MetricCellContent& content);
+  // Works out the trend lines of the shown cells and marks those that changed for repainting.
+  void takeTrend();
+  void paintTrend(QPainter& painter, MetricKind kind);
 
   int columns_;
-  double cellWidth_;
+  double cellWidth_;    // at the usual size
+  double scale_ = 1.0;  // what every length is multiplied by
   UsageFonts fonts_;
-  CellGeometry cell_;  // the inside of every cell, which depends only on the width
+  CellGeometry cell_;  // the inside of every cell, which depends only on the width and scale
   MetricSample sample_;
   std::vector<MetricKind> order_ = MetricKind::defaultOrder();
   bool useFahrenheit_ = false;
@@ -166,6 +188,10 @@ class UsageView : public QWidget, public AccessibleParts {
   ShapedLines labels_;
   ValueTextRenderer values_;
   ShapedLines details_;
+  bool showTrend_ = false;
+  // The latest minute given with a sample; made only once one is given.
+  std::unique_ptr<SampleHistory> history_;
+  std::map<MetricKind::Value, std::vector<TrendLine::Run>> trend_;  // the lines drawn, by cell
 };
 
 }  // namespace brimly

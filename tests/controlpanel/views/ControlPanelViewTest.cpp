@@ -17,8 +17,10 @@
 #include "controlpanel/views/ActionButton.h"
 #include "controlpanel/views/ControlPanelWindow.h"
 #include "panel/views/QtGeometry.h"
+#include "ui/Accent.h"
 #include "ui/Switch.h"
 #include "ui/TextStyle.h"
+#include "usage/AccentColors.h"
 
 namespace brimly {
 namespace {
@@ -65,6 +67,21 @@ TEST(ControlPanelView, MatchesItsReferencePlainAndWithQuitHovered) {
   hover(view.button(3));
   EXPECT_TRUE(testing::matchesReference(
       onDesktop(view), referencePath("control-card-quit-hovered.png"), testing::windowFaces));
+}
+
+// The card in each fixed accent: its switches that are on and its header symbol take it.
+TEST(ControlPanelView, InEachAccentMatchesItsReference) {
+  ControlPanelModel model(true, true, false, "0.1.0");
+  ControlPanelView view(model);
+  for (const AccentChoice accent : accentChoices) {
+    if (accent == AccentChoice::system || accent == AccentChoice::green) continue;
+    Accent::shared().setColor(AccentColors::of(accent));
+    const std::string name = "control-card-" + std::string(storedName(accent)) + ".png";
+    EXPECT_TRUE(testing::matchesReference(onDesktop(view), referencePath(name.c_str()),
+                                          testing::windowFaces))
+        << name;
+  }
+  Accent::shared().setColor(Theme::accent);
 }
 
 TEST(ControlPanelView, MatchesItsReferenceAtTwoTimes) {

@@ -56,6 +56,23 @@ TEST_F(PanelShapeMaskTest, ResizedWindowIsCutAgain) {
   EXPECT_EQ(mask.region().boundingRect(), QRect(180, 0, 240, 40));
 }
 
+TEST_F(PanelShapeMaskTest, ALargerPanelIsCutToItsLargerCardWithLargerCorners) {
+  PanelShapeMask mask(window_);
+  window_.setFrame({0, 0, 750, 177});
+  window_.rebuildRootView(Size{200, 32}, true, 1.25);
+  useManualClock();
+  mask.follow();
+  EXPECT_EQ(mask.region().boundingRect(), QRect(275, 0, 200, 32));  // closed: the notch
+  state_.setOpen(true);
+  settle();
+  EXPECT_EQ(mask.region().boundingRect(), QRect(0, 0, 750, 177));
+  // The bottom corners' radius is 27.5 rather than 22: a point 7 pixels in from the corner along
+  // the diagonal lies outside the larger curve (and inside the usual one).
+  EXPECT_FALSE(mask.region().contains(QPoint(7, 169)));
+  EXPECT_FALSE(mask.region().contains(QPoint(742, 169)));
+  EXPECT_TRUE(mask.region().contains(QPoint(14, 162)));
+}
+
 TEST_F(PanelShapeMaskTest, WithACompositorTheCutKeepsOnePixelAllRound) {
   PanelShapeMask mask(window_, PanelShapeMask::Fit::withEdge);
   EXPECT_EQ(mask.region().boundingRect(), QRect(199, 0, 202, 33));

@@ -87,6 +87,17 @@ TEST_F(XWaylandHotZoneWindowTest, TheZoneFollowsTheTrackerAndTheRootView) {
   EXPECT_EQ(inputShape(), (std::vector<QRect>{QRect(210, 0, 180, 40)}));
 }
 
+TEST_F(XWaylandHotZoneWindowTest, TheZoneFollowsALargerPanel) {
+  zone_.attach(window_);
+  window_.rebuildRootView({200, 32}, false, 1.25);
+  window_.setFrame({381, 0, 750, 177});
+  zone_.follow();
+  zone_.setZone(Zone::openCard);
+  EXPECT_EQ(inputShape(), (std::vector<QRect>{QRect(0, 0, 750, 177)}));
+  zone_.setZone(Zone::closedOutline);  // the notch's own, centred on the larger window
+  EXPECT_EQ(inputShape(), (std::vector<QRect>{QRect(275, 0, 200, 32)}));
+}
+
 TEST_F(XWaylandHotZoneWindowTest, EachFrameAnnouncesTheZoneAnewWithOrWithoutTheCornerPixel) {
   zone_.attach(window_);
   showAndWait();

@@ -10,14 +10,26 @@
 @class NSScreen;
 @class NSWindow;
 
+// <AppKit/NSColorSpace.h>
+@interface NSColorSpace : NSObject
+@property(class, strong, readonly) NSColorSpace* sRGBColorSpace;  // macOS 10.5
+@end
+
 // <AppKit/NSColor.h>
 @interface NSColor : NSObject
 @property(class, strong, readonly) NSColor* clearColor;
+@property(class, strong, readonly) NSColor* controlAccentColor;  // macOS 10.14
 + (NSColor*)colorWithSRGBRed:(CGFloat)red
                        green:(CGFloat)green
                         blue:(CGFloat)blue
-                       alpha:(CGFloat)alpha;  // macOS 10.7
+                       alpha:(CGFloat)alpha;                     // macOS 10.7
+- (nullable NSColor*)colorUsingColorSpace:(NSColorSpace*)space;  // macOS 10.6
+@property(readonly) CGFloat redComponent;
+@property(readonly) CGFloat greenComponent;
+@property(readonly) CGFloat blueComponent;
+@property(readonly) CGFloat alphaComponent;
 @end
+extern NSNotificationName NSSystemColorsDidChangeNotification;
 
 // <AppKit/NSFontDescriptor.h>
 typedef NSString* NSFontDescriptorSystemDesign;

@@ -89,6 +89,26 @@ typedef struct {
 @property(readonly, copy) NSString* localizedDescription;
 @end
 
+// <Foundation/NSOperation.h>
+@interface NSOperationQueue : NSObject
+@property(class, readonly, strong) NSOperationQueue* mainQueue;  // macOS 10.6
+@end
+
+// <Foundation/NSNotification.h>
+typedef NSString* NSNotificationName;
+@interface NSNotification : NSObject
+@property(readonly, copy) NSNotificationName name;
+@property(nullable, readonly, retain) id object;
+@end
+@interface NSNotificationCenter : NSObject
+@property(class, readonly, strong) NSNotificationCenter* defaultCenter;
+- (id<NSObject>)addObserverForName:(nullable NSNotificationName)name
+                            object:(nullable id)obj
+                             queue:(nullable NSOperationQueue*)queue
+                        usingBlock:(void (^)(NSNotification* notification))block;  // macOS 10.6
+- (void)removeObserver:(id)observer;
+@end
+
 // <Foundation/NSGeometry.h>
 typedef CGPoint NSPoint;
 typedef CGSize NSSize;

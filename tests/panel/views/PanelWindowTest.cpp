@@ -94,5 +94,18 @@ TEST(PanelWindow, NewRootViewObservesTheSamePanelState) {
   EXPECT_TRUE(window.rootView()->isAnimating());
 }
 
+TEST(PanelWindow, ALargerPanelIsAQuarterLargerBelowTheNotch) {
+  PanelState state;
+  PanelWindow window(state, {185.0, 32.0}, true, {}, 1.25);
+  EXPECT_EQ(window.size(), QSize(750, 177));
+  EXPECT_EQ(PanelWindow::panelSize({185.0, 38.0}, 1.25), (Size{750.0, 183.0}));
+  EXPECT_EQ(window.rootView()->metrics(), RootViewMetrics::forNotch({185.0, 32.0}, true, 1.25));
+  // Back to the usual size, as when the setting changes; the frame follows with `setFrame`.
+  window.rebuildRootView({185.0, 32.0}, true, 1.0);
+  EXPECT_EQ(window.rootView()->metrics(), RootViewMetrics::forNotch({185.0, 32.0}, true));
+  window.setFrame({0.0, 0.0, 600.0, 148.0});
+  EXPECT_EQ(window.rootView()->size(), QSize(600, 148));
+}
+
 }  // namespace
 }  // namespace brimly

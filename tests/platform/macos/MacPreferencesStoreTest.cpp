@@ -52,7 +52,7 @@ class MacPreferencesStoreTest : public ::testing::Test {
   }
 
   MacPreferencesStore makeStore() {
-    for (const char* key : {"isPinned", "useFahrenheit", "metricOrder", "flag"}) {
+    for (const char* key : {"isPinned", "useFahrenheit", "metricOrder", "accentColor", "flag"}) {
       keys_.push_back(key);
     }
     return MacPreferencesStore(domain_);
@@ -107,6 +107,22 @@ TEST_F(MacPreferencesStoreTest, AListWithAnythingButStringsIsNoList) {
   EXPECT_EQ(preferences.readStringList("metricOrder"), std::nullopt);
   put("metricOrder", name.get());
   EXPECT_EQ(preferences.readStringList("metricOrder"), std::nullopt);
+}
+
+TEST_F(MacPreferencesStoreTest, StringsComeBackAsWrittenAndNothingElseIsAString) {
+  MacPreferencesStore store = makeStore();
+  EXPECT_EQ(store.readString("accentColor"), std::nullopt);
+  EXPECT_EQ(store.writeString("accentColor", "indigo"), std::nullopt);
+  EXPECT_EQ(store.readString("accentColor"), "indigo");
+  EXPECT_EQ(MacPreferencesStore(domain()).readString("accentColor"), "indigo");
+
+  const auto name = cfString("blue");
+  const void* elements[] = {name.get()};
+  CFOwned<CFArrayRef> list(CFArrayCreate(kCFAllocatorDefault, elements, 1, &kCFTypeArrayCallBacks));
+  put("accentColor", list.get());
+  EXPECT_EQ(store.readString("accentColor"), std::nullopt);
+  put("accentColor", kCFBooleanTrue);
+  EXPECT_EQ(store.readString("accentColor"), std::nullopt);
 }
 
 TEST_F(MacPreferencesStoreTest, IntegersReadAsBooleansTheWayBoolForKeyReadsThem) {

@@ -282,7 +282,7 @@ TEST_F(MetricListTest, ADraggedRowIsFadedAndAnAccentLineMarksWhereItWillLand) {
                                         testing::windowFaces));
   const QRect line = list().dropIndicator().geometry();
   const QPoint middle = list().mapTo(&tab, line.center());
-  EXPECT_TRUE(testing::near(image.pixelColor(middle), toQColor(SettingsTheme::accent), 4));
+  EXPECT_TRUE(testing::near(image.pixelColor(middle), toQColor(Theme::accent), 4));
   release(QPoint(start.x(), inGapBefore(3)));
 }
 

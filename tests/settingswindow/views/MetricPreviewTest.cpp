@@ -161,7 +161,7 @@ TEST_F(MetricPreviewTest, TheBarIsTheAccentAsLongAsTheFill) {
   const int y = static_cast<int>(track.y + 1.0);
   const QColor well = over(toQColor(SettingsTheme::drawer), toQColor(SettingsTheme::surface));
   EXPECT_TRUE(near(image.pixelColor(static_cast<int>(track.x + 24), y),
-                   over(toQColor(SettingsTheme::accent), well), 12));
+                   over(toQColor(Theme::accent), well), 12));
   EXPECT_TRUE(near(image.pixelColor(static_cast<int>(track.x + 72), y),
                    over(toQColor(MetricPreviewLayout::trackColor), well), 4));
 }

@@ -12,7 +12,9 @@
 #include "settingswindow/views/GeneralTab.h"
 #include "settingswindow/views/MetricsTab.h"
 #include "settingswindow/views/TabButton.h"
+#include "ui/AccentFollower.h"
 #include "ui/TextStyle.h"
+#include "usage/AccentColors.h"
 #include "usage/views/QtColor.h"
 
 namespace brimly {
@@ -104,14 +106,14 @@ TEST_F(SettingsViewTest, SurfaceRuleAndSelectedTabColours) {
   const Rect metrics = view.placement().tabs[1].frame;
   EXPECT_TRUE(
       near(image.pixelColor(static_cast<int>(general.x + 5), static_cast<int>(general.midY())),
-           over(toQColor(SettingsTheme::accent.withOpacity(0.16)), surface)));
+           over(toQColor(Theme::accent.withOpacity(0.16)), surface)));
   EXPECT_TRUE(
       near(image.pixelColor(static_cast<int>(metrics.x + 5), static_cast<int>(metrics.midY())),
            over(QColor::fromRgbF(1, 1, 1, 0.04f), surface)));
 }
 
 TEST_F(SettingsViewTest, SelectedTabIsDrawnInTheAccentTheOthersSecondary) {
-  EXPECT_EQ(view.tabButton(SettingsTab::general).foreground(), toQColor(SettingsTheme::accent));
+  EXPECT_EQ(view.tabButton(SettingsTab::general).foreground(), toQColor(Theme::accent));
   EXPECT_EQ(view.tabButton(SettingsTab::metrics).foreground(), textColor(TextStyle::secondary));
 }
 
@@ -146,25 +148,31 @@ TEST_F(SettingsViewTest, AppearanceMatchesItsReference) {
                                         testing::windowFaces));
 }
 
-TEST_F(SettingsViewTest, AppearancePaletteIsTheAccentAt70Percent) {
+// The window in each fixed accent: the selected tab, the header symbol, the chosen swatch's ring
+// and the chosen size all take it.
+TEST_F(SettingsViewTest, AppearanceInEachAccentMatchesItsReference) {
+  AccentFollower follower(world.settings);
   view.setTab(SettingsTab::appearance);
-  const QImage image = rendered(view);
-  const AppearanceTabGeometry placed = view.appearanceTab().placement();
-  const QPoint origin = view.appearanceTab().pos();
-  EXPECT_EQ(placed.symbol.y, 40.0);
-  EXPECT_EQ(placed.symbol.width, 30.0);
-  // The most saturated pixel of the palette symbol is the accent at 70 % over the surface.
-  QColor strongest = toQColor(SettingsTheme::surface);
-  for (int y = 0; y < 30; ++y) {
-    for (int x = 0; x < 30; ++x) {
-      const QColor c = image.pixelColor(origin.x() + static_cast<int>(placed.symbol.x) + x,
-                                        origin.y() + static_cast<int>(placed.symbol.y) + y);
-      if (c.green() - c.red() > strongest.green() - strongest.red()) strongest = c;
-    }
+  for (const AccentChoice accent : accentChoices) {
+    if (accent == AccentChoice::system) continue;
+    world.settings.setAccentColor(accent);
+    const std::string name = "settings-accent-" + std::string(storedName(accent)) + ".png";
+    EXPECT_TRUE(testing::matchesReference(rendered(view), referencePath(name.c_str()),
+                                          testing::windowFaces))
+        << name;
   }
-  EXPECT_TRUE(near(
-      strongest,
-      over(toQColor(SettingsTheme::accent.withOpacity(0.7)), toQColor(SettingsTheme::surface)), 6));
+  world.settings.setAccentColor(AccentChoice::green);
+}
+
+TEST_F(SettingsViewTest, TheTabsAndTheHeaderFollowTheAccentAtOnce) {
+  AccentFollower follower(world.settings);
+  world.settings.setAccentColor(AccentChoice::orange);
+  EXPECT_EQ(view.tabButton(SettingsTab::general).foreground(),
+            toQColor(AccentColors::of(AccentChoice::orange)));
+  EXPECT_EQ(view.palette().color(QPalette::Highlight),
+            toQColor(AccentColors::of(AccentChoice::orange)));
+  world.settings.setAccentColor(AccentChoice::green);
+  EXPECT_EQ(view.tabButton(SettingsTab::general).foreground(), toQColor(Theme::accent));
 }
 
 }  // namespace

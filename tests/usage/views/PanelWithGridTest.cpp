@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QGraphicsEffect>
 #include <QImage>
+#include <functional>
 #include <utility>
 
 #include "InstalledFaces.h"
@@ -37,6 +38,14 @@ MetricSample sample() {
   return s;
 }
 
+// The view and everything in it, over a transparent background, as a window shows it.
+QImage renderOverTransparency(QWidget& view) {
+  QImage image(view.size(), QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  view.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+  return image;
+}
+
 class PanelWithGridTest : public ::testing::Test {
  protected:
   PanelWithGridTest() {
@@ -52,12 +61,7 @@ class PanelWithGridTest : public ::testing::Test {
     }
   }
 
-  QImage render() {
-    QImage image(view->size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    view->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
-  }
+  QImage render() { return renderOverTransparency(*view); }
 
   PanelState state;
   double now = 10.0;
@@ -161,6 +165,43 @@ class OpenPanelTest : public PanelWithGridTest {
     return {frames, eachPainted};
   }
 
+  static MetricSample busierSample() {
+    MetricSample next = sample();
+    next.cpu = 0.91;                     // a long glide and a new value text
+    next.memoryUsedBytes = 12ull << 30;  // a new value and detail line in another cell
+    next.temperatureC = 9.0;             // a value text that gets shorter
+    return next;
+  }
+
+  // After `change`, and after each frame it starts, what the window holds after the grid's
+  // partial repaints is the grid drawn whole.
+  void expectEachFrameDrawnAnew(const std::function<void()>& change) {
+    const auto onScreen = [this] {
+      const auto* shown = dynamic_cast<const QImage*>(view->backingStore()->paintDevice());
+      return shown == nullptr ? QImage() : shown->copy(QRect(grid->pos(), grid->size()));
+    };
+    const auto drawnAnew = [this] {
+      QImage image(grid->size(), QImage::Format_ARGB32_Premultiplied);
+      image.fill(Qt::black);
+      grid->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+      return image;
+    };
+    change();
+    ASSERT_FALSE(onScreen().isNull());
+    int frames = 0;
+    for (bool first = true; first || (grid->isAnimating() && frames < 100); first = false) {
+      if (!first) {
+        now += grid->frameTimer().msToNextFrame() / 1000.0;
+        grid->frameTimer().tick();
+      }
+      QCoreApplication::processEvents();
+      EXPECT_EQ(onScreen().convertToFormat(QImage::Format_ARGB32_Premultiplied), drawnAnew())
+          << "after frame " << frames;
+      ++frames;
+    }
+    EXPECT_GE(frames, 5);
+  }
+
   QRect cellRect(MetricKind kind) const {
     for (const CellPlacement& cell : grid->geometry().cells) {
       if (cell.kind == kind) {
@@ -209,35 +250,40 @@ TEST_F(OpenPanelTest, TheGridsFramesLeaveTheCardBeneathAlone) {
 }
 
 TEST_F(OpenPanelTest, WhatEachFrameLeavesOnScreenIsTheWholeGridDrawnAnew) {
-  // What the window holds after the grid's partial repaints, and the grid drawn whole.
-  const auto onScreen = [this] {
-    const auto* shown = dynamic_cast<const QImage*>(view->backingStore()->paintDevice());
-    return shown == nullptr ? QImage() : shown->copy(QRect(grid->pos(), grid->size()));
-  };
-  const auto drawnAnew = [this] {
-    QImage image(grid->size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::black);
-    grid->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
-  };
-  MetricSample next = sample();
-  next.cpu = 0.91;                     // a long glide and a new value text
-  next.memoryUsedBytes = 12ull << 30;  // a new value and detail line in another cell
-  next.temperatureC = 9.0;             // a value text that gets shorter
-  grid->setSample(next);
-  ASSERT_FALSE(onScreen().isNull());
-  int frames = 0;
-  for (bool first = true; first || (grid->isAnimating() && frames < 100); first = false) {
-    if (!first) {
-      now += grid->frameTimer().msToNextFrame() / 1000.0;
-      grid->frameTimer().tick();
-    }
-    QCoreApplication::processEvents();
-    EXPECT_EQ(onScreen().convertToFormat(QImage::Format_ARGB32_Premultiplied), drawnAnew())
-        << "after frame " << frames;
-    ++frames;
+  expectEachFrameDrawnAnew([this] { grid->setSample(busierSample()); });
+}
+
+TEST_F(OpenPanelTest, WithTheTrendWhatEachFrameLeavesOnScreenIsTheWholeGridDrawnAnew) {
+  grid->setShowTrend(true);
+  QCoreApplication::processEvents();
+  expectEachFrameDrawnAnew([this] {
+    const MetricSample next = busierSample();
+    SampleHistory history;
+    for (int age = 60; age > 0; --age)
+      history.record(now - age, age % 7 == 0 ? next : sample());
+    history.record(now, next);
+    grid->setSample(next, history);
+  });
+}
+
+TEST_F(OpenPanelTest, WithTheTrendASampleAndItsLinesArePaintedTogether) {
+  grid->setShowTrend(true);
+  QCoreApplication::processEvents();
+  paints.paints.clear();
+  SampleHistory history;
+  history.record(now - 1.0, sample());
+  history.record(now, sample());
+  grid->setSample(sample(), history);
+  QCoreApplication::processEvents();
+  ASSERT_EQ(paints.count(), 1);
+  // Every cell's line is new, and only the strips around the bars were painted: the same sample
+  // leaves the texts as they are.
+  for (const CellPlacement& cell : grid->geometry().cells) {
+    EXPECT_TRUE(paints.painted().intersects(cellRect(cell.kind))) << cell.kind.rawValue();
+    const Rect header{cell.frame.x, cell.frame.y, cell.frame.width, grid->headerHeight() - 1.0};
+    EXPECT_FALSE(paints.painted().intersects(toQRectF(header).toAlignedRect()))
+        << cell.kind.rawValue();
   }
-  EXPECT_GE(frames, 5);
 }
 
 TEST_F(OpenPanelTest, ASampleRepaintsOnlyTheCellThatChanged) {
@@ -357,10 +403,42 @@ TEST_F(OpenPanelTest, AnimationsEndExactlyOnTheNewValues) {
   auto* direct = new UsageView(3, 172.0, testing::designedTypography());
   direct->setSample(next);
   RootView still(openState, RootViewMetrics::forNotch({185.0, 32.0}, true), direct);
-  QImage expected(still.size(), QImage::Format_ARGB32_Premultiplied);
-  expected.fill(Qt::transparent);
-  still.render(&expected, QPoint(), QRegion(), QWidget::DrawChildren);
-  EXPECT_EQ(glided, expected);
+  EXPECT_EQ(glided, renderOverTransparency(still));
+}
+
+// The larger panel: every length of the open card, its grid and its text a quarter larger.
+class LargerPanelWithGridTest : public ::testing::Test {
+ protected:
+  LargerPanelWithGridTest() {
+    grid = new UsageView(3, 172.0, testing::designedTypography());
+    grid->setScale(1.25);
+    grid->setSample(sample());
+    state.setOpen(true);  // the view starts open, without animating
+    view = std::make_unique<RootView>(state, RootViewMetrics::forNotch({185.0, 32.0}, true, 1.25),
+                                      grid);
+  }
+
+  QImage render() { return renderOverTransparency(*view); }
+
+  PanelState state;
+  UsageView* grid = nullptr;
+  std::unique_ptr<RootView> view;
+};
+
+TEST_F(LargerPanelWithGridTest, TheOpenGridFitsTheLargerCardCentredUnderTheNotch) {
+  EXPECT_EQ(view->size(), QSize(750, 177));
+  EXPECT_EQ(view->cardFrame(), (Rect{0.0, 0.0, 750.0, 177.0}));
+  EXPECT_EQ(view->cardOutline(), (NotchShape{8.75, 27.5}));
+  // The grid (725 × 125) is centred under the card, the padding of 10 below the notch band.
+  EXPECT_EQ(grid->QWidget::geometry(), QRect(13, 42, 725, 125));
+  EXPECT_LE(grid->QWidget::geometry().bottom() + 1 + 10, 177);
+  EXPECT_EQ(grid->y() + grid->geometry().cells.front().frame.y, 32 + 10 + 7.5);
+}
+
+TEST_F(LargerPanelWithGridTest, MatchesTheReferenceRendering) {
+  EXPECT_TRUE(testing::matchesReference(
+      render(), QString(BRIMLY_REFERENCE_DIR) + "/panel-open-with-grid-large.png",
+      testing::panelFaces));
 }
 
 TEST_F(PanelWithGridTest, MatchesTheReferenceRendering) {

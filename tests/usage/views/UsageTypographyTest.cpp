@@ -104,5 +104,22 @@ TEST(UsageTypographyTest, SizesAreDeviceIndependentPixels) {
               UsageTypography::labelTracking, 1.0 / 64.0);
 }
 
+TEST(UsageTypographyTest, ALargerScaleMakesEveryFontAndTheTrackingThatMuchLarger) {
+  QImage image(10, 10, QImage::Format_ARGB32);
+  const UsageTypography larger = testing::designedTypography().scaledTo(1.25);
+  const auto pixels = [&image](const QFont& font) {
+    return font.pointSizeF() * image.logicalDpiY() / 72.0;
+  };
+  EXPECT_NEAR(pixels(larger.labelFont(image)), 9.5 * 1.25, 1e-9);
+  EXPECT_NEAR(pixels(larger.valueFont(image)), 13.0 * 1.25, 1e-9);
+  EXPECT_NEAR(pixels(larger.detailFont(image)), 9.5 * 1.25, 1e-9);
+  EXPECT_NEAR(pixels(larger.dashFont(image)), 13.0 * 1.25, 1e-9);
+  EXPECT_NEAR(larger.labelFont(image).letterSpacing(), 0.7 * 1.25, 1.0 / 64.0);
+  // The faces and weights stay those of the usual size.
+  EXPECT_EQ(larger.labelFont(image).family(),
+            testing::designedTypography().labelFont(image).family());
+  EXPECT_EQ(larger.valueWeight, testing::designedTypography().valueWeight);
+}
+
 }  // namespace
 }  // namespace brimly

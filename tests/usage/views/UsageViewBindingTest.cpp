@@ -24,7 +24,8 @@ class ListenedSettings : public AppSettings {
  public:
   using AppSettings::AppSettings;
   int listeners() const {
-    return receivers(SIGNAL(metricOrderChanged())) + receivers(SIGNAL(useFahrenheitChanged(bool)));
+    return receivers(SIGNAL(metricOrderChanged())) + receivers(SIGNAL(useFahrenheitChanged(bool))) +
+           receivers(SIGNAL(showTrendChanged(bool)));
   }
 };
 
@@ -68,6 +69,15 @@ TEST_F(UsageViewBindingTest, TakesTheCurrentStateAtOnce) {
   EXPECT_EQ(view->cells()[0],
             MetricCellContent::of(MetricKind::pwr, monitor.current(), settings.useFahrenheit()));
   EXPECT_EQ(view->cells()[1].label, "RAM");
+}
+
+TEST_F(UsageViewBindingTest, TakesTheChosenPanelSize) {
+  std::unique_ptr<UsageView> regular(makePanelGrid(monitor, settings, panel));
+  EXPECT_EQ(regular->scale(), 1.0);
+  settings.setPanelSize(PanelSize::large);
+  std::unique_ptr<UsageView> large(makePanelGrid(monitor, settings, panel));
+  EXPECT_EQ(large->scale(), 1.25);
+  EXPECT_EQ(large->geometry().cells[0].frame.width, 215.0);
 }
 
 TEST_F(UsageViewBindingTest, PanelGridHasThreeColumnsOf172PointCells) {
@@ -114,10 +124,56 @@ TEST_F(UsageViewBindingTest, FollowsTheShownMetricsAndTheUnitEvenWhileClosed) {
   EXPECT_EQ(cell(*view, "TEMP")->primary, "124°F");
 }
 
+// The number of points of the trend line behind the bar of `kind`.
+std::size_t trendPoints(const UsageView& view, MetricKind kind) {
+  std::size_t points = 0;
+  for (const auto& run : view.trendLine(kind))
+    points += run.size();
+  return points;
+}
+
+TEST_F(UsageViewBindingTest, TheTrendFollowsTheSwitchAndIsOffByDefault) {
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings, panel));
+  EXPECT_FALSE(view->showsTrend());
+  settings.setShowTrend(true);
+  EXPECT_TRUE(view->showsTrend());
+  settings.setShowTrend(false);
+  EXPECT_FALSE(view->showsTrend());
+}
+
+TEST_F(UsageViewBindingTest, AGridMadeWithTheTrendOnShowsIt) {
+  settings.setShowTrend(true);
+  panel.setOpen(true);
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings, panel));
+  EXPECT_TRUE(view->showsTrend());
+  EXPECT_EQ(trendPoints(*view, MetricKind::cpu), 1u);  // the one sample taken so far
+}
+
+TEST_F(UsageViewBindingTest, AnOpenGridsTrendIsTheMonitorsMinute) {
+  panel.setOpen(true);
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings, panel));
+  scheduler.advanceBy(20.0);
+  settings.setShowTrend(true);  // drawn at once, from what the monitor already holds
+  EXPECT_EQ(trendPoints(*view, MetricKind::cpu), 5u);
+  scheduler.advanceBy(5.0);
+  EXPECT_EQ(trendPoints(*view, MetricKind::cpu), monitor.history().size());
+  // The fake machine has a GPU reading all along: its line is as long.
+  EXPECT_EQ(trendPoints(*view, MetricKind::gpu), 6u);
+}
+
+TEST_F(UsageViewBindingTest, AClosedGridsTrendWaitsForTheOpening) {
+  settings.setShowTrend(true);
+  std::unique_ptr<UsageView> view(makePanelGrid(monitor, settings, panel));
+  scheduler.advanceBy(60.0);
+  EXPECT_EQ(trendPoints(*view, MetricKind::cpu), 1u);  // not fed while closed
+  panel.setOpen(true);
+  EXPECT_EQ(trendPoints(*view, MetricKind::cpu), 13u);  // a minute at the closed rate
+}
+
 TEST_F(UsageViewBindingTest, AGridThatIsGoneIsNoLongerFed) {
   auto view = std::unique_ptr<UsageView>(makePanelGrid(monitor, settings, panel));
   EXPECT_EQ(monitor.listeners(), 1);
-  EXPECT_EQ(settings.listeners(), 2);
+  EXPECT_EQ(settings.listeners(), 3);
   EXPECT_EQ(panel.listeners(), 1);
   view.reset();
   EXPECT_EQ(monitor.listeners(), 0);

@@ -5,6 +5,8 @@
 #include <QImage>
 #include <QPainter>
 #include <cmath>
+#include <functional>
+#include <limits>
 
 #include "InstalledFaces.h"
 #include "ReferenceImage.h"
@@ -311,6 +313,99 @@ TEST_F(UsageViewTest, ChangingTheOrderAsksForANewSize) {
   EXPECT_EQ(view.size(), view.sizeHint());
 }
 
+// A minute of samples a second apart ending with `latest`, each made by `at` from its age in
+// seconds (60 for the oldest, 0 for `latest`'s own).
+SampleHistory minuteEndingWith(const MetricSample& latest,
+                               const std::function<void(MetricSample&, int)>& at) {
+  SampleHistory history;
+  for (int age = 60; age >= 0; --age) {
+    MetricSample sample = latest;
+    at(sample, age);
+    history.record(1000.0 - age, sample);
+  }
+  return history;
+}
+
+// The brightest pixel of the rows `top` to `bottom` (in a cell from its top) between the columns
+// `left` and `right` (from its leading edge).
+QColor brightestIn(const QImage& image, const CellPlacement& cell, int left, int right, int top,
+                   int bottom) {
+  const int x = static_cast<int>(cell.frame.x);
+  const int y = static_cast<int>(cell.frame.y);
+  return brightest(image, QRect(QPoint(x + left, y + top), QPoint(x + right, y + bottom)));
+}
+
+int sum(const QColor& colour) {
+  return colour.red() + colour.green() + colour.blue();
+}
+
+TEST_F(UsageViewTest, TheTrendIsOffByDefaultAndAHistoryAloneDrawsNothing) {
+  EXPECT_FALSE(view.showsTrend());
+  const MetricSample latest = busyLaptop();
+  view.setSample(latest);
+  const QImage without = renderOnBlack(view);
+  view.setSample(latest, minuteEndingWith(latest, [](MetricSample& s, int) { s.cpu = 0.95; }));
+  EXPECT_TRUE(view.trendLine(MetricKind::cpu).empty());
+  EXPECT_EQ(renderOnBlack(view), without);
+}
+
+TEST_F(UsageViewTest, TheTrendIsAFaintLineBehindTheBarAtTheHeightOfPastValues) {
+  MetricSample latest = busyLaptop();
+  latest.cpu = 0.1;  // a short bar now, after a busy minute
+  view.setShowTrend(true);
+  view.setSample(latest, minuteEndingWith(latest, [](MetricSample& s, int age) {
+                   if (age > 0) s.cpu = 0.9;
+                 }));
+  ASSERT_EQ(view.trendLine(MetricKind::cpu).size(), 1u);
+  const QImage image = renderOnBlack(view);
+  const CellPlacement& cpu = cellOf(MetricKind::cpu);
+  // The band runs from 3 points above the 3-point bar (rows 18 to 26 of the cell); a value of 0.9
+  // lies a tenth of the way down it, clear of the bar, right of the short fill.
+  const QColor line = brightestIn(image, cpu, 40, 160, 18, 20);
+  EXPECT_GT(sum(line), 3 * 25);
+  // Quiet: a grey dimmer than the secondary text and than the bar's fill.
+  EXPECT_EQ(line.red(), line.blue());
+  EXPECT_LT(sum(line), sum(overBlack(toQColor(Theme::secondaryForeground))));
+  const QColor bar = brightestIn(image, cpu, 0, 10, 22, 22);
+  EXPECT_LT(sum(line), sum(bar));
+  EXPECT_LT(line.green(), bar.green() / 2);
+  // Nothing of it beneath, where an empty bar would lie.
+  EXPECT_EQ(brightestIn(image, cpu, 40, 160, 24, 26), QColor(Qt::black));
+}
+
+TEST_F(UsageViewTest, AMissingReadingLeavesAGapInTheTrendNotADropToZero) {
+  MetricSample latest = busyLaptop();
+  view.setShowTrend(true);
+  view.setSample(latest, minuteEndingWith(latest, [](MetricSample& s, int age) {
+                   s.gpu = 0.5;
+                   if (age >= 20 && age <= 40) s.gpu.reset();
+                 }));
+  EXPECT_EQ(view.trendLine(MetricKind::gpu).size(), 2u);
+  const QImage image = renderOnBlack(view);
+  const CellPlacement& gpu = cellOf(MetricKind::gpu);
+  // The band's columns for the seconds 40 to 20 ago (x from 20/60 to 40/60 of 172 points), above
+  // and below the bar, with a pixel to spare for the line's round ends.
+  const int gapLeft = static_cast<int>(172.0 * 20.0 / 60.0) + 2;
+  const int gapRight = static_cast<int>(172.0 * 40.0 / 60.0) - 2;
+  EXPECT_EQ(brightestIn(image, gpu, gapLeft, gapRight, 18, 20), QColor(Qt::black));
+  EXPECT_EQ(brightestIn(image, gpu, gapLeft, gapRight, 24, 26), QColor(Qt::black));
+  // Either side of the gap the line runs at half height, through the bar's rows.
+  EXPECT_GT(sum(brightestIn(image, gpu, 120, 170, 21, 23)), 3 * 25);
+}
+
+TEST_F(UsageViewTest, SwitchingTheTrendOffDrawsTheGridAsWithout) {
+  const MetricSample latest = busyLaptop();
+  view.setSample(latest);
+  const QImage without = renderOnBlack(view);
+  view.setShowTrend(true);
+  view.setSample(latest,
+                 minuteEndingWith(latest, [](MetricSample& s, int age) { s.cpu = age / 60.0; }));
+  EXPECT_NE(renderOnBlack(view), without);
+  view.setShowTrend(false);
+  EXPECT_TRUE(view.trendLine(MetricKind::cpu).empty());
+  EXPECT_EQ(renderOnBlack(view), without);
+}
+
 TEST_F(UsageViewTest, MatchesTheReferenceRenderings) {
   const QString dir = BRIMLY_REFERENCE_DIR;
   view.setSample(busyLaptop());
@@ -327,6 +422,106 @@ TEST_F(UsageViewTest, MatchesTheReferenceRenderings) {
   view.setMetricOrder({MetricKind::pwr, MetricKind::gpu, MetricKind::cpu, MetricKind::temp});
   view.setSample(charging);
   EXPECT_TRUE(testing::matchesReference(renderOnBlack(view), dir + "/usage-grid-four.png",
+                                        testing::panelFaces));
+}
+
+// --- A larger panel ---
+
+// How many rows of `image` within `area` hold a pixel brighter than the dim grey of the track.
+int litRows(const QImage& image, const QRect& area) {
+  int rows = 0;
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    bool lit = false;
+    for (int x = area.left(); x <= area.right() && !lit; ++x)
+      lit = qGray(image.pixel(x, y)) > 60;
+    rows += lit ? 1 : 0;
+  }
+  return rows;
+}
+
+TEST_F(UsageViewTest, ALargerScaleLaysOutEveryLengthAQuarterLarger) {
+  view.setSample(busyLaptop());
+  view.setScale(1.25);
+  EXPECT_EQ(view.scale(), 1.25);
+  EXPECT_EQ(view.headerHeight(), 20.0);
+  // Cells of 215 × 50, 15 points apart, 10 between the rows, in a grid of 725 (580 × 1.25).
+  EXPECT_EQ(view.sizeHint(), QSize(725, 125));
+  EXPECT_EQ(view.size(), view.sizeHint());
+  EXPECT_EQ(view.geometry(),
+            MetricGridLayout::layout(MetricKind::defaultOrder(), 3, 215.0, 50.0, 1.25));
+  EXPECT_EQ(cellOf(MetricKind::cpu).frame, (Rect{25.0, 7.5, 215.0, 50.0}));
+}
+
+TEST_F(UsageViewTest, ALargerScaleDrawsTheBarsAndTextsAQuarterLarger) {
+  MetricSample sample = busyLaptop();
+  sample.cpu = 1.0;
+  view.setSample(sample);
+  const QImage usual = renderOnBlack(view);
+  const Rect usualCpu = cellOf(MetricKind::cpu).frame;
+  view.setScale(1.25);
+  const QImage larger = renderOnBlack(view);
+  const Rect largerCpu = cellOf(MetricKind::cpu).frame;
+  // A full bar spans the whole cell: 172 points, then 215.
+  const auto barLength = [](const QImage& image, const Rect& cell, double barMiddle) {
+    int lit = 0;
+    // The cell and the cell spacing on either side, which no other cell reaches into.
+    for (int x = static_cast<int>(cell.x) - 10; x < static_cast<int>(cell.maxX()) + 10; ++x)
+      lit += qGray(image.pixel(x, static_cast<int>(cell.y + barMiddle))) > 60 ? 1 : 0;
+    return lit;
+  };
+  EXPECT_NEAR(barLength(usual, usualCpu, 16.0 + 5.0 + 1.5), 172, 1);
+  EXPECT_NEAR(barLength(larger, largerCpu, 20.0 + 6.25 + 1.875), 215, 1);
+  // The header's texts stand about a quarter taller.
+  const auto header = [](const Rect& cell, double height) {
+    return QRect(static_cast<int>(cell.x), static_cast<int>(cell.y), static_cast<int>(cell.width),
+                 static_cast<int>(height));
+  };
+  const double usualText = litRows(usual, header(usualCpu, 16.0));
+  const double largerText = litRows(larger, header(largerCpu, 20.0));
+  ASSERT_GT(usualText, 5.0);
+  EXPECT_NEAR(largerText / usualText, 1.25, 0.15);
+}
+
+TEST_F(UsageViewTest, BackAtTheUsualScaleTheGridIsDrawnExactlyAsBefore) {
+  view.setSample(busyLaptop());
+  const QImage before = renderOnBlack(view);
+  view.setScale(1.25);
+  view.setScale(1.0);
+  EXPECT_EQ(view.sizeHint(), QSize(580, 100));
+  EXPECT_EQ(renderOnBlack(view), before);
+}
+
+TEST_F(UsageViewTest, AScaleThatIsNoPositiveNumberIsIgnored) {
+  view.setScale(1.25);
+  for (double nonsense : {0.0, -1.0, std::nan(""), std::numeric_limits<double>::infinity()}) {
+    view.setScale(nonsense);
+    EXPECT_EQ(view.scale(), 1.25) << nonsense;
+  }
+  EXPECT_EQ(view.sizeHint(), QSize(725, 125));
+}
+
+TEST_F(UsageViewTest, MatchesTheReferenceRenderingAtTheLargerScale) {
+  view.setSample(busyLaptop());
+  view.setScale(1.25);
+  EXPECT_TRUE(testing::matchesReference(renderOnBlack(view),
+                                        QString(BRIMLY_REFERENCE_DIR) + "/usage-grid-six-large.png",
+                                        testing::panelFaces));
+}
+
+// A minute with some life in it: a processor that came and went, a GPU reading that went missing
+// for ten seconds, memory filling slowly, a warm spell, a battery that drained faster for a while.
+TEST_F(UsageViewTest, MatchesTheReferenceRenderingWithTheTrend) {
+  const MetricSample latest = busyLaptop();
+  view.setShowTrend(true);
+  view.setSample(latest, minuteEndingWith(latest, [](MetricSample& s, int age) {
+                   s.cpu = 0.42 + 0.3 * std::sin(age / 6.0);
+                   if (age >= 15 && age <= 25) s.gpu.reset();
+                   s.memory = 8.53 / 16.0 - age * 0.0015;
+                   s.temperatureC = 70.0 + 13.0 * std::cos(age / 9.0);
+                   s.powerState = PowerState::discharging(7.4 + (age > 30 ? 9.0 : 0.0));
+                 }));
+  EXPECT_TRUE(testing::matchesReference(renderOnBlack(view),
+                                        QString(BRIMLY_REFERENCE_DIR) + "/usage-grid-trend.png",
                                         testing::panelFaces));
 }
 
